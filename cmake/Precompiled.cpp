@@ -1,0 +1,1 @@
+// Only carries the precompiled Qt header that the rooms share.

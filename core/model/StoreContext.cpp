@@ -1,0 +1,298 @@
+#include "core/model/StoreContext.h"
+
+namespace reelhouse {
+
+namespace {
+
+constexpr size_t keptActions = 100;
+
+/// Calls `visit` with each of the five lists of a tuple, the reference lists before the filaments.
+template <class Tuple, class Visitor>
+void forEach(Tuple& lists, Visitor visit)
+{
+    std::apply([&](auto&... list) { (visit(list), ...); }, lists);
+}
+
+} // namespace
+
+StoreContext::StoreContext(PersistentStore& store)
+    : m_store(store)
+{
+}
+
+StoreContext::~StoreContext() = default;
+
+template <class T>
+T& StoreContext::insert(std::unique_ptr<T> entity)
+{
+    T& inserted = shelf<T>().table.insert(*this, std::move(entity));
+    willAppear(inserted);
+    return inserted;
+}
+
+template <class T>
+void StoreContext::remove(T& entity)
+{
+    if (entity.isRemoved())
+        return;
+    willChange(entity);
+    if constexpr (std::is_same_v<T, Filament>) {
+        for (int kind = 0; kind < referenceKindCount; ++kind)
+            entity.unlink(ReferenceKind(kind));
+    } else {
+        entity.releaseFilaments();
+    }
+    shelf<T>().table.remove(entity);
+}
+
+template <class T>
+void StoreContext::restore(T& entity)
+{
+    shelf<T>().table.restore(entity);
+    willAppear(entity);
+}
+
+template <class T>
+void StoreContext::willChange(T& entity)
+{
+    shelf<T>().sinceCommit.noteExisting(entity);
+    if (m_performDepth > 0)
+        shelf<T>().sinceActionBegan.noteExisting(entity);
+    noteChange();
+}
+
+template <class T>
+void StoreContext::willAppear(T& entity)
+{
+    shelf<T>().sinceCommit.noteAbsent(entity);
+    if (m_performDepth > 0)
+        shelf<T>().sinceActionBegan.noteAbsent(entity);
+    noteChange();
+}
+
+void StoreContext::noteChange()
+{
+    m_isChangedSinceDelivery = true;
+    if (std::exchange(m_isDeliveryQueued, true))
+        return;
+    QMetaObject::invokeMethod(this, &StoreContext::processPendingChanges, Qt::QueuedConnection);
+}
+
+void StoreContext::perform(const QString& actionName, const std::function<void()>& edit)
+{
+    ++m_performDepth;
+    edit();
+    if (--m_performDepth == 0)
+        finishAction(actionName);
+}
+
+template <class T>
+std::vector<StoreContext::Change<T>> StoreContext::takeAction()
+{
+    std::vector<Change<T>> changes;
+    for (Note<T>& note : shelf<T>().sinceActionBegan.take()) {
+        auto after = note.entity->isRemoved()
+            ? nullptr
+            : std::make_unique<typename T::Values>(note.entity->values());
+        const bool isUnchanged
+            = note.before && after ? *note.before == *after : !note.before && !after;
+        if (isUnchanged)
+            continue;
+        ++note.entity->m_historyUses;
+        changes.push_back({note.entity, std::move(note.before), std::move(after)});
+    }
+    return changes;
+}
+
+void StoreContext::finishAction(const QString& name)
+{
+    Action action{name,
+        {takeAction<FilamentType>(), takeAction<Brand>(), takeAction<FilamentRange>(),
+            takeAction<Location>(), takeAction<Filament>()}};
+    if (std::apply([](const auto&... changes) { return (changes.empty() && ...); }, action.changes))
+        return;
+    for (const Action& undone : std::exchange(m_redoable, {}))
+        forget(undone);
+    m_undoable.push_back(std::move(action));
+    if (m_undoable.size() > keptActions) {
+        forget(m_undoable.front());
+        m_undoable.pop_front();
+    }
+}
+
+void StoreContext::forget(const Action& action)
+{
+    forEach(action.changes, [](const auto& changes) {
+        for (const auto& change : changes)
+            --change.entity->m_historyUses;
+    });
+}
+
+QString StoreContext::undoActionName() const
+{
+    return m_undoable.empty() ? QString() : m_undoable.back().name;
+}
+
+QString StoreContext::redoActionName() const
+{
+    return m_redoable.empty() ? QString() : m_redoable.back().name;
+}
+
+void StoreContext::undo()
+{
+    Q_ASSERT(m_performDepth == 0);
+    if (m_undoable.empty())
+        return;
+    replay(m_undoable.back(), Direction::Back);
+    m_redoable.push_back(std::move(m_undoable.back()));
+    m_undoable.pop_back();
+}
+
+void StoreContext::redo()
+{
+    Q_ASSERT(m_performDepth == 0);
+    if (m_redoable.empty())
+        return;
+    replay(m_redoable.back(), Direction::Forward);
+    m_undoable.push_back(std::move(m_redoable.back()));
+    m_redoable.pop_back();
+}
+
+void StoreContext::clearHistory()
+{
+    for (const Action& action : std::exchange(m_undoable, {}))
+        forget(action);
+    for (const Action& action : std::exchange(m_redoable, {}))
+        forget(action);
+}
+
+void StoreContext::replay(const Action& action, Direction direction)
+{
+    // What others refer to comes back first and goes last.
+    forEach(action.changes, [&](const auto& changes) { putBack(changes, direction); });
+    takeOut(std::get<std::vector<Change<Filament>>>(action.changes), direction);
+    forEach(action.changes, [&](const auto& changes) { takeOut(changes, direction); });
+}
+
+template <class T>
+void StoreContext::putBack(const std::vector<Change<T>>& changes, Direction direction)
+{
+    for (const Change<T>& change : changes) {
+        const auto& from = direction == Direction::Back ? change.after : change.before;
+        const auto& to = direction == Direction::Back ? change.before : change.after;
+        if (!to)
+            continue;
+        if (change.entity->isRemoved()) {
+            restore(*change.entity);
+            change.entity->apply(change.entity->values(), *to);
+        } else if (from) {
+            change.entity->apply(*from, *to);
+        }
+    }
+}
+
+template <class T>
+void StoreContext::takeOut(const std::vector<Change<T>>& changes, Direction direction)
+{
+    for (const Change<T>& change : changes) {
+        const auto& to = direction == Direction::Back ? change.before : change.after;
+        if (!to)
+            remove(*change.entity);
+    }
+}
+
+bool StoreContext::hasUnsavedChanges() const
+{
+    return std::apply(
+        [](const auto&... shelf) { return (!shelf.sinceCommit.isEmpty() || ...); }, m_shelves);
+}
+
+std::optional<StoreError> StoreContext::save()
+{
+    Q_ASSERT(m_performDepth == 0);
+    deliver();
+    const auto error = commit();
+    sweep();
+    return error;
+}
+
+void StoreContext::processPendingChanges()
+{
+    m_isDeliveryQueued = false;
+    deliver();
+    // Nobody waits for this save: what failed stays pending and the next save takes it along.
+    commit();
+    sweep();
+}
+
+void StoreContext::deliver()
+{
+    if (std::exchange(m_isChangedSinceDelivery, false))
+        emit changed();
+}
+
+template <class T>
+void StoreContext::addChanges(EntityChanges<T>& changes)
+{
+    for (const Note<T>& note : shelf<T>().sinceCommit.notes()) {
+        const bool isInStock = !note.entity->isRemoved();
+        if (!note.before && isInStock)
+            changes.inserted.push_back(note.entity);
+        else if (note.before && !isInStock)
+            changes.removed.push_back(note.entity->id());
+        else if (note.before && *note.before != note.entity->values())
+            changes.updated.push_back(note.entity);
+    }
+    const auto idOf = [](const T* entity) { return entity->id(); };
+    std::ranges::sort(changes.inserted, {}, idOf);
+    std::ranges::sort(changes.updated, {}, idOf);
+    std::ranges::sort(changes.removed);
+}
+
+std::optional<StoreError> StoreContext::commit()
+{
+    StockChanges changes;
+    forEach(changes.lists, [this](auto& list) { addChanges(list); });
+    if (!changes.isEmpty()) {
+        if (auto error = m_store.commit(changes))
+            return error;
+    }
+    forEach(m_shelves, [](auto& shelf) { shelf.sinceCommit.take(); });
+    return std::nullopt;
+}
+
+void StoreContext::sweep()
+{
+    forEach(m_shelves, [](auto& shelf) {
+        shelf.table.sweep([&shelf](const auto& entity) {
+            return entity.m_historyUses > 0 || shelf.sinceCommit.isNoted(entity);
+        });
+    });
+}
+
+template <class T>
+void Entity::willChange(T& entity)
+{
+    if (entity.m_context && !entity.m_removed)
+        entity.m_context->willChange(entity);
+}
+
+template void Entity::willChange(FilamentType&);
+template void Entity::willChange(Brand&);
+template void Entity::willChange(FilamentRange&);
+template void Entity::willChange(Location&);
+template void Entity::willChange(Filament&);
+
+template FilamentType& StoreContext::insert(std::unique_ptr<FilamentType>);
+template Brand& StoreContext::insert(std::unique_ptr<Brand>);
+template FilamentRange& StoreContext::insert(std::unique_ptr<FilamentRange>);
+template Location& StoreContext::insert(std::unique_ptr<Location>);
+template Filament& StoreContext::insert(std::unique_ptr<Filament>);
+
+template void StoreContext::remove(FilamentType&);
+template void StoreContext::remove(Brand&);
+template void StoreContext::remove(FilamentRange&);
+template void StoreContext::remove(Location&);
+template void StoreContext::remove(Filament&);
+
+} // namespace reelhouse
