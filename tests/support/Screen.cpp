@@ -1,0 +1,139 @@
+#include "tests/support/Screen.h"
+
+#include <cstdlib>
+#include <memory>
+#include <xcb/xtest.h>
+
+namespace reelhouse::tests {
+
+namespace {
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+template <typename Reply>
+std::unique_ptr<Reply, Free> owned(Reply* reply)
+{
+    return std::unique_ptr<Reply, Free>(reply);
+}
+
+constexpr uint8_t leftButton = 1;
+
+} // namespace
+
+Screen::Screen(const QByteArray& display)
+    : m_connection(xcb_connect(display.isEmpty() ? nullptr : display.constData(), nullptr))
+{
+    if (!isConnected())
+        return;
+    m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+    const QByteArray name = "_NET_WM_NAME";
+    const auto atom = owned(xcb_intern_atom_reply(
+        m_connection, xcb_intern_atom(m_connection, 0, name.size(), name.constData()), nullptr));
+    if (atom)
+        m_titleAtom = atom->atom;
+}
+
+Screen::~Screen()
+{
+    xcb_disconnect(m_connection);
+}
+
+bool Screen::isConnected() const
+{
+    return xcb_connection_has_error(m_connection) == 0;
+}
+
+QRect Screen::area() const
+{
+    return {0, 0, m_screen->width_in_pixels, m_screen->height_in_pixels};
+}
+
+QList<Screen::Window> Screen::windows() const
+{
+    QList<Window> found;
+    collect(m_screen->root, found);
+    return found;
+}
+
+std::optional<Screen::Window> Screen::find(const QString& title) const
+{
+    const QList<Window> all = windows();
+    for (auto window = all.crbegin(); window != all.crend(); ++window) {
+        if (window->title == title)
+            return *window;
+    }
+    return std::nullopt;
+}
+
+QImage Screen::picture(const QRect& area) const
+{
+    const auto image = owned(xcb_get_image_reply(m_connection,
+        xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, m_screen->root,
+            static_cast<int16_t>(area.x()), static_cast<int16_t>(area.y()),
+            static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()), ~0U),
+        nullptr));
+    if (!image)
+        return {};
+    return QImage(
+        xcb_get_image_data(image.get()), area.width(), area.height(), QImage::Format_RGB32)
+        .copy();
+}
+
+void Screen::movePointer(const QPoint& position)
+{
+    fake(XCB_MOTION_NOTIFY, 0, position);
+}
+
+void Screen::click()
+{
+    fake(XCB_BUTTON_PRESS, leftButton, {});
+    fake(XCB_BUTTON_RELEASE, leftButton, {});
+}
+
+void Screen::collect(xcb_window_t parent, QList<Window>& found) const
+{
+    const auto tree
+        = owned(xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, parent), nullptr));
+    if (!tree)
+        return;
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
+        const xcb_window_t child = children[index];
+        const auto attributes = owned(xcb_get_window_attributes_reply(
+            m_connection, xcb_get_window_attributes(m_connection, child), nullptr));
+        if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
+            continue;
+        const QString name = title(child);
+        if (name.isEmpty()) {
+            collect(child, found); // A window manager's frame has the window inside.
+            continue;
+        }
+        const auto size = owned(
+            xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, child), nullptr));
+        const auto corner = owned(xcb_translate_coordinates_reply(m_connection,
+            xcb_translate_coordinates(m_connection, child, m_screen->root, 0, 0), nullptr));
+        if (size && corner)
+            found.append({child, name, {corner->dst_x, corner->dst_y, size->width, size->height}});
+    }
+}
+
+QString Screen::title(xcb_window_t window) const
+{
+    const auto property = owned(xcb_get_property_reply(m_connection,
+        xcb_get_property(m_connection, 0, window, m_titleAtom, XCB_ATOM_ANY, 0, 256), nullptr));
+    if (!property)
+        return {};
+    return QString::fromUtf8(static_cast<const char*>(xcb_get_property_value(property.get())),
+        xcb_get_property_value_length(property.get()));
+}
+
+void Screen::fake(uint8_t type, uint8_t detail, const QPoint& position)
+{
+    xcb_test_fake_input(m_connection, type, detail, XCB_CURRENT_TIME, m_screen->root,
+        static_cast<int16_t>(position.x()), static_cast<int16_t>(position.y()), 0);
+    xcb_flush(m_connection);
+}
+
+} // namespace reelhouse::tests
