@@ -64,6 +64,8 @@ public:
     virtual std::optional<StoreError> load(StoreContext& context) = 0;
     /// Writes `changes` in one transaction: all of them, or none on an error.
     virtual std::optional<StoreError> commit(const StockChanges& changes) = 0;
+    /// Upkeep that would only slow a commit down; called when the program has nothing else to do.
+    virtual void tidyUp() {}
 };
 
 } // namespace reelhouse
