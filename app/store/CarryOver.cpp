@@ -1,0 +1,81 @@
+#include "app/store/CarryOver.h"
+
+#include "app/store/DurableFiles.h"
+#include "app/store/StoreCompanions.h"
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QStringBuilder>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+/// One carry-over. Copies are complete and synced under draft names before the first of them gets
+/// its own; the main file gets its own last, because it is what makes the store exist.
+class CarryOver final {
+public:
+    CarryOver(QString olderStore, QString store)
+        : m_olderStore(std::move(olderStore))
+        , m_store(std::move(store))
+    {
+    }
+    CarryOver(const CarryOver&) = delete;
+    CarryOver& operator=(const CarryOver&) = delete;
+    ~CarryOver() { removeDrafts(); }
+
+    void run()
+    {
+        removeDrafts();
+        if (setOrphanedCompanionsAside(m_store) || copy(mainFile))
+            return;
+        const bool hasIndex = exists(index) && !copy(index);
+        const bool hasJournal = exists(journal);
+        if (hasJournal && copy(journal))
+            return;
+        if (hasIndex)
+            install(index); // SQLite makes a new one when it is missing.
+        // Without its journal the main file would be an older state, or none at all.
+        if (hasJournal && install(journal))
+            return;
+        if (install(mainFile)) {
+            DurableFiles::remove(m_store % index);
+            DurableFiles::remove(m_store % journal);
+        }
+    }
+
+private:
+    static constexpr QStringView mainFile = u"";
+    static constexpr QStringView index = u"-shm";
+    static constexpr QStringView journal = u"-wal";
+
+    QString draft(QStringView suffix) const { return m_store % suffix % u".copy"_s; }
+    bool exists(QStringView suffix) const { return DurableFiles::isTaken(m_olderStore % suffix); }
+    std::optional<SystemError> copy(QStringView suffix) const
+    {
+        return DurableFiles::copy(m_olderStore % suffix, draft(suffix));
+    }
+    std::optional<SystemError> install(QStringView suffix) const
+    {
+        return DurableFiles::rename(draft(suffix), m_store % suffix);
+    }
+    void removeDrafts() const
+    {
+        for (const QStringView suffix : {mainFile, index, journal})
+            DurableFiles::remove(draft(suffix));
+    }
+
+    QString m_olderStore;
+    QString m_store;
+};
+
+} // namespace
+
+void carryOverOlderStore(const QString& olderStore, const QString& store)
+{
+    if (!DurableFiles::isTaken(store) && QFileInfo::exists(olderStore))
+        CarryOver(olderStore, store).run();
+}
+
+} // namespace reelhouse

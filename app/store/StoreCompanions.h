@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/store/SystemErrors.h"
+
+#include <QtCore/QStringList>
+
+namespace reelhouse {
+
+/// The endings that SQLite adds to a database's name for the files that belong to it.
+QStringList storeCompanionSuffixes();
+
+/// For a name `path` at which no file lies: keeps companions that lie there all the same under
+/// names that SQLite does not know. Otherwise they would be played back into the next file of that
+/// name.
+std::optional<SystemError> setOrphanedCompanionsAside(const QString& path);
+
+} // namespace reelhouse

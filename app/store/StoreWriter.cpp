@@ -1,0 +1,183 @@
+#include "app/store/StoreWriter.h"
+
+#include "core/model/Filament.h"
+
+#include <array>
+#include <string>
+
+namespace reelhouse {
+
+namespace {
+
+/// The statements of one table; the id is always the first parameter.
+struct Texts {
+    const char* insertion;
+    const char* update;
+    const char* removal;
+};
+
+Texts textsFor(const FilamentType* /*kind*/)
+{
+    return {"INSERT INTO FilamentType (id, name, iconName) VALUES (?1, ?2, ?3)",
+        "UPDATE FilamentType SET name = ?2, iconName = ?3 WHERE id = ?1",
+        "DELETE FROM FilamentType WHERE id = ?1"};
+}
+
+Texts textsFor(const Brand* /*kind*/)
+{
+    return {"INSERT INTO Brand (id, name) VALUES (?1, ?2)",
+        "UPDATE Brand SET name = ?2 WHERE id = ?1", "DELETE FROM Brand WHERE id = ?1"};
+}
+
+Texts textsFor(const FilamentRange* /*kind*/)
+{
+    return {"INSERT INTO FilamentRange (id, name) VALUES (?1, ?2)",
+        "UPDATE FilamentRange SET name = ?2 WHERE id = ?1",
+        "DELETE FROM FilamentRange WHERE id = ?1"};
+}
+
+Texts textsFor(const Location* /*kind*/)
+{
+    return {"INSERT INTO Location (id, name) VALUES (?1, ?2)",
+        "UPDATE Location SET name = ?2 WHERE id = ?1", "DELETE FROM Location WHERE id = ?1"};
+}
+
+Texts textsFor(const Filament* /*kind*/)
+{
+    return {"INSERT INTO Filament (id, type, brand, range, location, spoolsCount,"
+            " openedSpoolsCount, dateAddedMs, colorHex, colorName, notes)"
+            " VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8, ?9, ?10, ?11)",
+        "UPDATE Filament SET type = ?2, brand = ?3, range = ?4, location = ?5, spoolsCount = ?6,"
+        " openedSpoolsCount = ?7, dateAddedMs = ?8, colorHex = ?9, colorName = ?10, notes = ?11"
+        " WHERE id = ?1",
+        "DELETE FROM Filament WHERE id = ?1"};
+}
+
+/// Gives a statement its parameters one after the other, then runs it.
+class Row final {
+public:
+    explicit Row(SQLite::Statement& statement)
+        : m_statement(statement)
+    {
+        // After a run that failed it takes no parameters before this.
+        m_statement.tryReset();
+    }
+
+    Row& operator<<(qint64 value)
+    {
+        m_statement.bind(m_next++, int64_t{value});
+        return *this;
+    }
+
+    Row& operator<<(const QString& text)
+    {
+        std::string& bytes = m_texts[m_textCount++];
+        bytes = text.toStdString();
+        m_statement.bindNoCopy(m_next++, bytes);
+        return *this;
+    }
+
+    template <class Reference>
+    Row& operator<<(const Reference* reference)
+    {
+        if (reference)
+            return *this << reference->id().value;
+        m_statement.bind(m_next++);
+        return *this;
+    }
+
+    void run() { m_statement.exec(); }
+
+private:
+    SQLite::Statement& m_statement;
+    int m_next = 1;
+    std::array<std::string, 3> m_texts; ///< SQLite reads them where they are while it runs.
+    size_t m_textCount = 0;
+};
+
+void addFields(Row& row, const FilamentType& type)
+{
+    row << type.name() << type.iconName();
+}
+
+void addFields(Row& row, const FilamentContainer& entry)
+{
+    row << entry.name();
+}
+
+void addFields(Row& row, const Filament& filament)
+{
+    row << filament.type() << filament.brand() << filament.range() << filament.location()
+        << filament.spoolsCount() << filament.openedSpoolsCount()
+        << filament.dateAdded().toMSecsSinceEpoch() << filament.colorHex() << filament.colorName()
+        << filament.notes();
+}
+
+template <class T>
+void runWith(SQLite::Statement& statement, const T& entity)
+{
+    Row row(statement);
+    row << entity.id().value;
+    addFields(row, entity);
+    row.run();
+}
+
+} // namespace
+
+template <class T>
+TableWriter<T>::TableWriter(SQLite::Database& database)
+    : m_insertion(database, textsFor(static_cast<const T*>(nullptr)).insertion)
+    , m_update(database, textsFor(static_cast<const T*>(nullptr)).update)
+    , m_removal(database, textsFor(static_cast<const T*>(nullptr)).removal)
+{
+}
+
+template <class T>
+void TableWriter<T>::insert(const T& entity)
+{
+    runWith(m_insertion, entity);
+}
+
+template <class T>
+void TableWriter<T>::update(const T& entity)
+{
+    runWith(m_update, entity);
+}
+
+template <class T>
+void TableWriter<T>::remove(EntityId<T> id)
+{
+    Row row(m_removal);
+    row << id.value;
+    row.run();
+}
+
+StoreWriter::StoreWriter(SQLite::Database& database)
+    : m_tables(database, database, database, database, database)
+{
+}
+
+void StoreWriter::write(const StockChanges& changes)
+{
+    // Reference entries stand before the filaments in both tuples: they are there before a filament
+    // names them.
+    const auto insertAndUpdate = [&]<class T>(TableWriter<T>& table) {
+        for (const T* entity : changes.of<T>().inserted)
+            table.insert(*entity);
+        for (const T* entity : changes.of<T>().updated)
+            table.update(*entity);
+    };
+    const auto remove = [&]<class T>(TableWriter<T>& table) {
+        for (const EntityId<T> id : changes.of<T>().removed)
+            table.remove(id);
+    };
+    std::apply([&](auto&... tables) { (insertAndUpdate(tables), ...); }, m_tables);
+    // The filaments go first: for each removed entry SQLite looks through those that are left.
+    remove(std::get<TableWriter<Filament>>(m_tables));
+    remove(std::get<TableWriter<FilamentType>>(m_tables));
+    remove(std::get<TableWriter<Brand>>(m_tables));
+    remove(std::get<TableWriter<FilamentRange>>(m_tables));
+    remove(std::get<TableWriter<Location>>(m_tables));
+}
+
+} // namespace reelhouse

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "core/model/PersistentStore.h"
+
+#include <SQLiteCpp/Statement.h>
+
+namespace reelhouse {
+
+/// The prepared statements of one table, one for each kind of change.
+template <class T>
+class TableWriter final {
+public:
+    explicit TableWriter(SQLite::Database& database);
+
+    void insert(const T& entity);
+    void update(const T& entity);
+    void remove(EntityId<T> id);
+
+private:
+    SQLite::Statement m_insertion;
+    SQLite::Statement m_update;
+    SQLite::Statement m_removal;
+};
+
+/// Writes changes of the stock. Everything throws SQLite::Exception.
+class StoreWriter final {
+public:
+    /// `database` has the tables of the current version and outlives the writer.
+    explicit StoreWriter(SQLite::Database& database);
+
+    /// Within the caller's transaction.
+    void write(const StockChanges& changes);
+
+private:
+    std::tuple<TableWriter<FilamentType>, TableWriter<Brand>, TableWriter<FilamentRange>,
+        TableWriter<Location>, TableWriter<Filament>>
+        m_tables;
+};
+
+} // namespace reelhouse
