@@ -1,0 +1,417 @@
+#include "app/ui/SpoolwrightStyle.h"
+
+#include "app/ui/ButtonPainting.h"
+#include "app/ui/ColorMath.h"
+#include "app/ui/Compositing.h"
+#include "app/ui/FocusRing.h"
+#include "app/ui/InputPainting.h"
+#include "app/ui/MenuPainting.h"
+#include "app/ui/Palette.h"
+#include "app/ui/RoundedPanel.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtGui/QPainter>
+#include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QStyleFactory>
+#include <QtWidgets/QStyleOption>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int boxGap = 10;
+constexpr int boxInset = 4;
+constexpr int fieldPadding = 10;
+constexpr int fieldHeight = 28;
+constexpr int comboPadding = 12;
+constexpr int comboArrow = 28;
+constexpr int headerHeight = 30;
+constexpr int headerPadding = 8;
+constexpr int headerFirstIndent = 10;
+constexpr qreal rowRadius = 6;
+
+template <typename Option>
+const Option& optionAs(const QStyleOption* option)
+{
+    const auto* narrowed = qstyleoption_cast<const Option*>(option);
+    Q_ASSERT(narrowed != nullptr);
+    return *narrowed;
+}
+
+bool isPopup(const QWidget* widget)
+{
+    return qobject_cast<const QMenu*>(widget) != nullptr
+        || widget->inherits("QComboBoxPrivateContainer") || widget->inherits("QTipLabel");
+}
+
+/// The ground of a list's entry: one rounded rectangle, in the track's colour without focus.
+void paintItemPanel(QPainter& painter, const QStyleOption& option)
+{
+    const Theme& theme = currentTheme();
+    if ((option.state & QStyle::State_Selected) != 0) {
+        const bool isActive = (option.state & QStyle::State_Active) != 0
+            && (option.state & QStyle::State_HasFocus) != 0;
+        paintRoundedPanel(
+            painter, option.rect, rowRadius, isActive ? theme.selection : theme.track);
+    } else if ((option.state & QStyle::State_MouseOver) != 0
+        && (option.state & QStyle::State_Enabled) != 0) {
+        paintRoundedPanel(painter, option.rect, rowRadius, theme.hover);
+    }
+}
+
+void paintHeaderSection(QPainter& painter, const QRect& rect)
+{
+    const Theme& theme = currentTheme();
+    painter.fillRect(rect, theme.list);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, theme.hairline);
+}
+
+void paintHeaderLabel(QPainter& painter, const QStyleOptionHeader& option)
+{
+    painter.save();
+    painter.setFont(fontOf(TextStyle::Header));
+    painter.setPen(currentTheme().textSecondary);
+    painter.drawText(option.rect,
+        QStyle::visualAlignment(option.direction, option.textAlignment) | Qt::TextSingleLine,
+        painter.fontMetrics().elidedText(option.text, Qt::ElideRight, option.rect.width()));
+    painter.restore();
+}
+
+QRect headerLabelRect(const QStyleOptionHeader& option)
+{
+    const bool isFirst = option.position == QStyleOptionHeader::Beginning
+        || option.position == QStyleOptionHeader::OnlyOneSection;
+    const int indent = headerPadding + (isFirst ? headerFirstIndent : 0);
+    return QStyle::visualRect(
+        option.direction, option.rect, option.rect.adjusted(indent, 0, -headerPadding, -1));
+}
+
+void paintToolTip(QPainter& painter, const QStyleOption& option, const QWidget* widget)
+{
+    const Theme& theme = currentTheme();
+    const bool isRounded = widget != nullptr && widget->testAttribute(Qt::WA_TranslucentBackground)
+        && windowsAreComposited();
+    paintRoundedPanel(painter, option.rect, isRounded ? rowRadius : 0, theme.menu, theme.line);
+}
+
+} // namespace
+
+const Theme& currentTheme()
+{
+    if (const auto* style = qobject_cast<const SpoolwrightStyle*>(QApplication::style()))
+        return style->theme();
+    static const Theme fallback = lightTheme();
+    return fallback;
+}
+
+SpoolwrightStyle::SpoolwrightStyle(Theme theme)
+    : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
+    , m_theme(std::move(theme))
+{
+}
+
+QPalette SpoolwrightStyle::standardPalette() const
+{
+    return paletteOf(m_theme);
+}
+
+void SpoolwrightStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (qobject_cast<QAbstractButton*>(widget) != nullptr
+        || qobject_cast<QComboBox*>(widget) != nullptr)
+        widget->setAttribute(Qt::WA_Hover);
+    if (isPopup(widget) && windowsAreComposited())
+        widget->setAttribute(Qt::WA_TranslucentBackground);
+}
+
+void SpoolwrightStyle::unpolish(QWidget* widget)
+{
+    if (isPopup(widget))
+        widget->setAttribute(Qt::WA_TranslucentBackground, false);
+    QProxyStyle::unpolish(widget);
+}
+
+void SpoolwrightStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+    QPainter* painter, const QWidget* widget) const
+{
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        ButtonPainting::paintCheckIndicator(*painter, *option);
+        return;
+    case PE_IndicatorRadioButton:
+        ButtonPainting::paintRadioIndicator(*painter, *option);
+        return;
+    case PE_PanelButtonTool:
+        ButtonPainting::paintToolButtonPanel(*painter, *option);
+        return;
+    case PE_PanelMenu:
+    case PE_FrameMenu:
+        MenuPainting::paintPanel(*painter, *option, widget);
+        return;
+    case PE_PanelMenuBar:
+        painter->fillRect(option->rect, m_theme.window);
+        return;
+    case PE_PanelLineEdit:
+        if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            frame != nullptr && frame->lineWidth > 0)
+            InputPainting::paintField(*painter, *option, widget);
+        return;
+    case PE_FrameLineEdit:
+        return; // Drawn with the panel: ground and border are one shape.
+    case PE_PanelTipLabel:
+        paintToolTip(*painter, *option, widget);
+        return;
+    case PE_PanelItemViewItem:
+        paintItemPanel(*painter, *option);
+        return;
+    case PE_PanelItemViewRow:
+        return;
+    case PE_Frame:
+    case PE_FrameGroupBox:
+        paintRoundedPanel(*painter, option->rect, 0, {}, m_theme.hairline);
+        return;
+    case PE_FrameFocusRect:
+        if ((option->state & State_KeyboardFocusChange) != 0)
+            paintFocusRing(*painter, option->rect, rowRadius, m_theme);
+        return;
+    default:
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+}
+
+void SpoolwrightStyle::drawControl(ControlElement element, const QStyleOption* option,
+    QPainter* painter, const QWidget* widget) const
+{
+    switch (element) {
+    case CE_PushButton:
+        ButtonPainting::paintPushButton(*painter, optionAs<QStyleOptionButton>(option), widget);
+        return;
+    case CE_MenuItem:
+        MenuPainting::paintItem(*painter, optionAs<QStyleOptionMenuItem>(option), widget);
+        return;
+    case CE_MenuEmptyArea:
+        return; // The panel already lies there.
+    case CE_MenuBarItem:
+        MenuPainting::paintBarItem(*painter, optionAs<QStyleOptionMenuItem>(option));
+        return;
+    case CE_MenuBarEmptyArea:
+        painter->fillRect(option->rect, m_theme.window);
+        return;
+    case CE_Splitter:
+        painter->fillRect(option->rect, m_theme.hairline);
+        return;
+    case CE_HeaderSection:
+    case CE_HeaderEmptyArea:
+        paintHeaderSection(*painter, option->rect);
+        return;
+    case CE_HeaderLabel:
+        paintHeaderLabel(*painter, optionAs<QStyleOptionHeader>(option));
+        return;
+    case CE_ComboBoxLabel: {
+        const auto& combo = optionAs<QStyleOptionComboBox>(option);
+        InputPainting::paintComboBoxLabel(
+            *painter, combo, subControlRect(CC_ComboBox, &combo, SC_ComboBoxEditField, widget));
+        return;
+    }
+    case CE_ProgressBar:
+        InputPainting::paintProgressBar(*painter, optionAs<QStyleOptionProgressBar>(option));
+        return;
+    default:
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
+void SpoolwrightStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+    QPainter* painter, const QWidget* widget) const
+{
+    switch (control) {
+    case CC_ScrollBar: {
+        const auto& bar = optionAs<QStyleOptionSlider>(option);
+        InputPainting::paintScrollBar(
+            *painter, bar, widget, subControlRect(control, option, SC_ScrollBarSlider, widget));
+        return;
+    }
+    case CC_ComboBox:
+        InputPainting::paintComboBox(*painter, optionAs<QStyleOptionComboBox>(option));
+        return;
+    default:
+        QProxyStyle::drawComplexControl(control, option, painter, widget);
+    }
+}
+
+int SpoolwrightStyle::pixelMetric(
+    PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+    case PM_ExclusiveIndicatorWidth:
+    case PM_ExclusiveIndicatorHeight:
+        return ButtonPainting::indicatorSize;
+    case PM_CheckBoxLabelSpacing:
+    case PM_RadioButtonLabelSpacing:
+        return boxGap;
+    case PM_ButtonShiftHorizontal:
+    case PM_ButtonShiftVertical:
+        return 0;
+    case PM_ScrollBarExtent:
+        return InputPainting::scrollBarExtent;
+    case PM_ScrollView_ScrollBarSpacing:
+    case PM_ScrollView_ScrollBarOverlap:
+        return 0;
+    case PM_SplitterWidth:
+    case PM_MenuBarPanelWidth:
+        return metric == PM_SplitterWidth ? 1 : 0;
+    case PM_MenuPanelWidth:
+        return 0;
+    case PM_MenuHMargin:
+    case PM_MenuVMargin:
+        return MenuPainting::menuPadding;
+    case PM_MenuBarHMargin:
+    case PM_MenuBarVMargin:
+        return 2;
+    case PM_MenuBarItemSpacing:
+        return 2;
+    case PM_SubMenuOverlap:
+        return 0;
+    case PM_SmallIconSize:
+    case PM_ListViewIconSize:
+        return 16;
+    case PM_ButtonIconSize:
+        return 14;
+    case PM_ToolTipLabelFrameWidth:
+        return 6;
+    case PM_HeaderMargin:
+        return headerPadding;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+int SpoolwrightStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+    QStyleHintReturn* returnData) const
+{
+    switch (hint) {
+    case SH_ItemView_ActivateItemOnSingleClick:
+    case SH_EtchDisabledText:
+    case SH_DitherDisabledText:
+    case SH_UnderlineShortcut:
+    case SH_ComboBox_Popup:
+        return 0;
+    case SH_Menu_MouseTracking:
+    case SH_ScrollBar_LeftClickAbsolutePosition:
+        return 1;
+    case SH_ToolTipLabel_Opacity:
+        return 255;
+    default:
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+}
+
+QSize SpoolwrightStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+    const QSize& contents, const QWidget* widget) const
+{
+    switch (type) {
+    case CT_PushButton:
+        return ButtonPainting::pushButtonSize(optionAs<QStyleOptionButton>(option), widget);
+    case CT_CheckBox:
+    case CT_RadioButton: {
+        const auto& button = optionAs<QStyleOptionButton>(option);
+        const int text = button.text.isEmpty() ? 0 : boxGap + contents.width();
+        const int height = std::max(ButtonPainting::indicatorSize, contents.height());
+        return {ButtonPainting::indicatorSize + text + 2 * boxInset, height + 2 * boxInset};
+    }
+    case CT_MenuItem:
+        return MenuPainting::itemSize(optionAs<QStyleOptionMenuItem>(option), contents);
+    case CT_MenuBarItem:
+        return contents + QSize(20, 10);
+    case CT_LineEdit:
+        return {contents.width() + 2 * fieldPadding,
+            std::max(fieldHeight, option->fontMetrics.height() + 12)};
+    case CT_ComboBox:
+        return {contents.width() + comboPadding + comboArrow,
+            std::max(fieldHeight, option->fontMetrics.height() + 12)};
+    case CT_HeaderSection: {
+        const QFontMetrics metrics(fontOf(TextStyle::Header));
+        const auto& header = optionAs<QStyleOptionHeader>(option);
+        return {metrics.horizontalAdvance(header.text) + 2 * headerPadding + headerFirstIndent,
+            std::max(headerHeight, metrics.height() + 12)};
+    }
+    default:
+        return QProxyStyle::sizeFromContents(type, option, contents, widget);
+    }
+}
+
+QRect SpoolwrightStyle::subElementRect(
+    SubElement element, const QStyleOption* option, const QWidget* widget) const
+{
+    const auto placed = [option](const QRect& rect) {
+        return QStyle::visualRect(option->direction, option->rect, rect);
+    };
+    constexpr int side = ButtonPainting::indicatorSize;
+    switch (element) {
+    case SE_CheckBoxIndicator:
+    case SE_RadioButtonIndicator:
+        return placed({option->rect.left() + boxInset,
+            option->rect.top() + (option->rect.height() - side) / 2, side, side});
+    case SE_CheckBoxContents:
+    case SE_RadioButtonContents:
+        return placed(option->rect.adjusted(boxInset + side + boxGap, 0, -boxInset, 0));
+    case SE_CheckBoxFocusRect:
+    case SE_RadioButtonFocusRect:
+    case SE_CheckBoxClickRect:
+    case SE_RadioButtonClickRect:
+        return option->rect;
+    case SE_LineEditContents: {
+        if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+            frame != nullptr && frame->lineWidth <= 0)
+            return option->rect;
+        return option->rect.adjusted(fieldPadding - 2, 1, -fieldPadding + 2, -1);
+    }
+    case SE_HeaderLabel:
+        return headerLabelRect(optionAs<QStyleOptionHeader>(option));
+    default:
+        return QProxyStyle::subElementRect(element, option, widget);
+    }
+}
+
+QRect SpoolwrightStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+    SubControl subControl, const QWidget* widget) const
+{
+    if (control == CC_ScrollBar) {
+        const auto& bar = optionAs<QStyleOptionSlider>(option);
+        const QRect slider = InputPainting::scrollBarSlider(bar);
+        const bool isHorizontal = bar.orientation == Qt::Horizontal;
+        switch (subControl) {
+        case SC_ScrollBarGroove:
+            return bar.rect;
+        case SC_ScrollBarSlider:
+            return slider;
+        case SC_ScrollBarSubPage:
+            return isHorizontal
+                ? QRect(bar.rect.topLeft(), QPoint(slider.left() - 1, bar.rect.bottom()))
+                : QRect(bar.rect.topLeft(), QPoint(bar.rect.right(), slider.top() - 1));
+        case SC_ScrollBarAddPage:
+            return isHorizontal
+                ? QRect(QPoint(slider.right() + 1, bar.rect.top()), bar.rect.bottomRight())
+                : QRect(QPoint(bar.rect.left(), slider.bottom() + 1), bar.rect.bottomRight());
+        default:
+            return {};
+        }
+    }
+    if (control == CC_ComboBox && subControl == SC_ComboBoxEditField)
+        return QStyle::visualRect(option->direction, option->rect,
+            option->rect.adjusted(comboPadding, 0, -comboArrow, 0));
+    return QProxyStyle::subControlRect(control, option, subControl, widget);
+}
+
+} // namespace reelhouse

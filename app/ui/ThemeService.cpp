@@ -1,0 +1,50 @@
+#include "app/ui/ThemeService.h"
+
+#include "app/ui/Palette.h"
+#include "app/ui/SpoolwrightStyle.h"
+
+#include <QtWidgets/QApplication>
+
+namespace reelhouse {
+
+namespace {
+
+ColorScheme platformScheme()
+{
+    const QColor ground = QApplication::palette().color(QPalette::Window);
+    return ground.lightnessF() < 0.5F ? ColorScheme::Dark : ColorScheme::Light;
+}
+
+} // namespace
+
+ThemeService::ThemeService(const QDBusConnection& bus, QObject* parent)
+    : QObject(parent)
+    , m_fallback(platformScheme())
+    , m_style(new SpoolwrightStyle(themeFor({}, m_fallback)))
+    , m_desktop(bus)
+{
+    QApplication::setStyle(m_style);
+    QApplication::setPalette(paletteOf(m_style->theme()));
+    connect(&m_desktop, &DesktopAppearance::changed, this, &ThemeService::follow);
+}
+
+Theme ThemeService::themeFor(const Appearance& appearance, ColorScheme fallback)
+{
+    const bool isDark = appearance.colorScheme.value_or(fallback) == ColorScheme::Dark;
+    const Theme theme = isDark ? darkTheme() : lightTheme();
+    return appearance.wantsHighContrast ? withHighContrast(theme) : theme;
+}
+
+void ThemeService::follow()
+{
+    const Theme theme = themeFor(m_desktop.appearance(), m_fallback);
+    if (theme == m_style->theme())
+        return;
+    m_style->setTheme(theme);
+    QApplication::setPalette(paletteOf(theme));
+    for (QWidget* window : QApplication::topLevelWidgets())
+        window->update();
+    emit themeChanged();
+}
+
+} // namespace reelhouse

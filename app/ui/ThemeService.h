@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/ui/DesktopAppearance.h"
+#include "app/ui/Theme.h"
+
+namespace reelhouse {
+
+class SpoolwrightStyle;
+
+/// Installs the style and the palette of the program and keeps them in step with the desktop:
+/// its portal decides between light and dark, else the lightness of the palette that the platform
+/// had given. Made once, after the QApplication and before the first widget; outlived only by it.
+class ThemeService final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit ThemeService(
+        const QDBusConnection& bus = QDBusConnection::sessionBus(), QObject* parent = nullptr);
+
+    /// The theme that goes with an appearance, `fallback` where it leaves the scheme open.
+    static Theme themeFor(const Appearance& appearance, ColorScheme fallback);
+
+signals:
+    /// Everything standing on the screen is about to be painted in `currentTheme()`. Only for what
+    /// keeps something made from a colour; what asks while painting need not listen.
+    void themeChanged();
+
+private:
+    void follow();
+
+    ColorScheme m_fallback; ///< Read before our own palette hides the platform's.
+    SpoolwrightStyle* m_style; ///< Belongs to the application.
+    DesktopAppearance m_desktop;
+};
+
+} // namespace reelhouse
