@@ -1,0 +1,53 @@
+#include "app/library/LibraryToolbar.h"
+
+#include "app/ui/ButtonLook.h"
+#include "app/ui/Symbol.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+LibraryToolbar::LibraryToolbar(QWidget* parent)
+    : QWidget(parent)
+{
+    auto* title = new QLabel(u"Stock de filaments"_s, this);
+    setTextStyle(title, TextStyle::ScreenTitle);
+
+    auto* add = new QPushButton(symbolIcon(u"plus"_s, &Theme::onAccent), u"Ajouter"_s, this);
+    setButtonLook(add, ButtonLook::Default);
+    add->setToolTip(u"Ajouter un filament"_s);
+    add->setEnabled(false);
+
+    auto* print = new QPushButton(symbolIcon(u"printer"_s), u"Imprimer"_s, this);
+    print->setToolTip(u"Imprimer la liste du stock"_s);
+    print->setEnabled(false);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(16, 10, 16, 10);
+    row->setSpacing(8);
+    row->addWidget(title);
+    row->addStretch();
+    row->addWidget(add);
+    row->addWidget(print);
+    row->addWidget(makeIconButton(u"gearshape"_s, u"Réglages"_s));
+    row->addWidget(makeIconButton(u"info.circle"_s, u"À propos de Spoolwright"_s));
+}
+
+QAbstractButton* LibraryToolbar::makeIconButton(const QString& symbol, const QString& name)
+{
+    auto* button = new QPushButton(symbolIcon(symbol, &Theme::textPrimary), {}, this);
+    setButtonLook(button, ButtonLook::Ghost);
+    button->setIconSize({17, 17});
+    button->setFixedSize(28, 32);
+    button->setAccessibleName(name);
+    button->setToolTip(name);
+    button->setEnabled(false);
+    return button;
+}
+
+} // namespace reelhouse

@@ -1,0 +1,203 @@
+#include "app/library/ListView.h"
+
+#include "app/library/FilamentRowDelegate.h"
+#include "app/library/FilamentTableModel.h"
+#include "app/library/SpoolActions.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtGui/QContextMenuEvent>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
+
+#include <array>
+#include <numeric>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+struct ColumnShare {
+    int share;
+    int minimum;
+};
+
+constexpr std::array<ColumnShare, 5> columnShares{
+    {{21, 150}, {16, 130}, {12, 90}, {13, 110}, {19, 120}}};
+
+} // namespace
+
+std::vector<int> listColumnWidths(int available)
+{
+    std::vector<int> widths(columnShares.size(), 0);
+    // A column whose share is too small takes its minimum; the others share what is left anew.
+    for (bool isSettled = false; !isSettled;) {
+        isSettled = true;
+        int left = available;
+        int sharesLeft = 0;
+        for (size_t column = 0; column < widths.size(); ++column) {
+            if (widths[column] > 0)
+                left -= widths[column];
+            else
+                sharesLeft += columnShares[column].share;
+        }
+        for (size_t column = 0; column < widths.size(); ++column) {
+            const auto [share, minimum] = columnShares[column];
+            if (widths[column] == 0 && left * share < minimum * sharesLeft) {
+                widths[column] = minimum;
+                isSettled = false;
+            }
+        }
+    }
+    int left = available;
+    int sharesLeft = 0;
+    for (size_t column = 0; column < widths.size(); ++column) {
+        left -= widths[column];
+        sharesLeft += widths[column] == 0 ? columnShares[column].share : 0;
+    }
+    for (size_t column = 0; column < widths.size(); ++column) {
+        if (widths[column] > 0)
+            continue;
+        widths[column] = left * columnShares[column].share / sharesLeft;
+        left -= widths[column];
+        sharesLeft -= columnShares[column].share;
+    }
+    return widths;
+}
+
+ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent)
+    : QTableView(parent)
+    , m_actions(actions)
+    , m_model(new FilamentTableModel(context, this))
+{
+    setAccessibleName(u"Stock de filaments"_s);
+    setModel(m_model);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setFrameShape(NoFrame);
+    setWordWrap(false);
+    setMouseTracking(true);
+    setCornerButtonEnabled(false);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollMode(ScrollPerPixel);
+    setBackgroundRole(QPalette::AlternateBase);
+    viewport()->setBackgroundRole(QPalette::AlternateBase);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+
+    auto* delegate = new FilamentRowDelegate(*this);
+    setItemDelegate(delegate);
+    connect(delegate, &FilamentRowDelegate::addSpoolRequested, this,
+        [this](const QModelIndex& index) { m_actions.addSpool(m_model->idAt(index.row())); });
+    connect(delegate, &FilamentRowDelegate::removeSpoolRequested, this,
+        [this](const QModelIndex& index) { m_actions.removeSpool(m_model->idAt(index.row())); });
+    updateMetrics();
+}
+
+void ListView::showRows(std::vector<FilamentId> rows)
+{
+    const FilamentId selected = selectedFilament();
+    const int column = std::max(0, currentIndex().column());
+    const int scrolled = verticalScrollBar()->value();
+    m_model->setRows(std::move(rows));
+    if (selectedFilament() == selected)
+        return;
+    const int row = m_model->rowOf(selected);
+    if (row >= 0) {
+        selectionModel()->setCurrentIndex(m_model->index(row, column),
+            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    }
+    verticalScrollBar()->setValue(scrolled);
+}
+
+FilamentId ListView::selectedFilament() const
+{
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() ? FilamentId{} : m_model->idAt(selected.first().row());
+}
+
+void ListView::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange
+        || event->type() == QEvent::ApplicationFontChange)
+        updateMetrics();
+}
+
+void ListView::updateMetrics()
+{
+    verticalHeader()->setDefaultSectionSize(FilamentRowDelegate::rowHeight());
+    horizontalHeader()->setFont(fontOf(TextStyle::Header));
+    horizontalHeader()->setFixedHeight(
+        std::max(30, QFontMetrics(fontOf(TextStyle::Header)).height() + 14));
+}
+
+void ListView::resizeEvent(QResizeEvent* event)
+{
+    QTableView::resizeEvent(event);
+    shareColumns();
+}
+
+void ListView::shareColumns()
+{
+    const std::vector<int> widths = listColumnWidths(viewport()->width());
+    for (size_t column = 0; column < widths.size(); ++column)
+        setColumnWidth(int(column), widths[column]);
+}
+
+void ListView::mouseMoveEvent(QMouseEvent* event)
+{
+    followPointer(event->position().toPoint());
+    QTableView::mouseMoveEvent(event);
+}
+
+void ListView::mousePressEvent(QMouseEvent* event)
+{
+    QTableView::mousePressEvent(event);
+    if (!indexAt(event->position().toPoint()).isValid())
+        setCurrentIndex({});
+}
+
+void ListView::leaveEvent(QEvent* event)
+{
+    followPointer({-1, -1});
+    QTableView::leaveEvent(event);
+}
+
+void ListView::followPointer(QPoint position)
+{
+    const auto updateRow = [this](int row) {
+        viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    };
+    m_pointerPosition = position;
+    if (m_hoveredRow >= 0)
+        updateRow(m_hoveredRow);
+    m_hoveredRow = rect().contains(position) ? rowAt(position.y()) : -1;
+    if (m_hoveredRow >= 0)
+        updateRow(m_hoveredRow);
+}
+
+void ListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index
+        = isByKeyboard ? currentIndex() : indexAt(viewport()->mapFromGlobal(event->globalPos()));
+    if (!index.isValid())
+        return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    m_actions.addTo(*menu, m_model->idAt(index.row()));
+    menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
+                             : event->globalPos());
+}
+
+} // namespace reelhouse

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "core/model/EntityId.h"
+
+#include <QtWidgets/QTableView>
+
+#include <vector>
+
+namespace reelhouse {
+
+class FilamentRowDelegate;
+class FilamentTableModel;
+class SpoolActions;
+class StoreContext;
+
+/// The stock as a table, one row a filament. The selection and the scroll position hold across
+/// edits and filters: the selection goes by identity.
+class ListView final : public QTableView {
+    Q_OBJECT
+
+public:
+    ListView(StoreContext& context, SpoolActions& actions, QWidget* parent = nullptr);
+
+    /// Shows these filaments, in this order; called again after every change of the stock.
+    void showRows(std::vector<FilamentId> rows);
+    /// The selected filament, or nothing.
+    FilamentId selectedFilament() const;
+
+    /// The row under the pointer, or -1.
+    int hoveredRow() const { return m_hoveredRow; }
+    /// Where the pointer is, in the viewport.
+    QPoint pointerPosition() const { return m_pointerPosition; }
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void followPointer(QPoint position);
+    void shareColumns();
+    void updateMetrics();
+
+    SpoolActions& m_actions;
+    FilamentTableModel* m_model;
+    int m_hoveredRow = -1;
+    QPoint m_pointerPosition{-1, -1};
+};
+
+/// Widths of the five columns in a list `available` wide: in fixed shares, never below what each
+/// column needs.
+std::vector<int> listColumnWidths(int available);
+
+} // namespace reelhouse

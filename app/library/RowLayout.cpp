@@ -1,0 +1,168 @@
+#include "app/library/RowLayout.h"
+
+#include "app/library/FilamentTableModel.h"
+#include "app/library/FilamentTexts.h"
+#include "app/ui/Symbol.h"
+#include "app/ui/TextStyle.h"
+#include "core/model/Filament.h"
+
+#include <QtGui/QFontMetrics>
+#include <QtGui/QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse::RowLayout {
+
+namespace {
+
+constexpr int symbolGap = 5;
+
+/// The two lines of a cell, one above the other, centred in its height.
+struct TwoLines {
+    QRect first;
+    QRect second;
+};
+
+TwoLines twoLines(const QRect& cell, const QFont& firstFont, const QFont& secondFont)
+{
+    const int firstHeight = QFontMetrics(firstFont).height();
+    const int secondHeight = QFontMetrics(secondFont).height();
+    const int top = cell.top() + (cell.height() - firstHeight - secondHeight) / 2;
+    return {{cell.left(), top, cell.width(), firstHeight},
+        {cell.left(), top + firstHeight, cell.width(), secondHeight}};
+}
+
+QRect leftSquare(const QRect& line, int size)
+{
+    return {line.left(), line.top() + (line.height() - size) / 2, size, size};
+}
+
+ColorRole faint(bool isSelected)
+{
+    return isSelected ? &Theme::textSecondary : &Theme::textTertiary;
+}
+
+std::vector<CellPiece> productPieces(const Filament& filament, const QRect& cell, bool isSelected)
+{
+    const QFont nameFont = fontOf(TextStyle::Count);
+    const QFont captionFont = fontOf(TextStyle::Caption);
+    const auto [first, second]
+        = twoLines(cell.adjusted(textStart, 0, -cellPadding, 0), nameFont, captionFont);
+    const ColorRole nameColor = filament.type() ? &Theme::textPrimary : faint(isSelected);
+    const ColorRole symbolColor = filament.type() ? &Theme::textSecondary : faint(isSelected);
+    const ColorRole brandColor = filament.brand() ? &Theme::textSecondary : faint(isSelected);
+    const QFont typeFont = filament.type() ? nameFont : fontOf(TextStyle::Body);
+    return {
+        {leftSquare(first, symbol), {}, FilamentTexts::typeIconName(filament), {}, symbolColor},
+        {first.adjusted(symbol + symbolGap, 0, 0, 0), FilamentTexts::typeName(filament), {},
+            typeFont, nameColor},
+        {second, FilamentTexts::brandAndRange(filament), {}, captionFont, brandColor},
+    };
+}
+
+std::vector<CellPiece> spoolPieces(const Filament& filament, const QRect& cell)
+{
+    const QRect line = cell.adjusted(cellPadding + 2, 0, -cellPadding, 0);
+    const QFont countFont = fontOf(TextStyle::Count);
+    const QString count = QString::number(filament.spoolsCount());
+    const int countLeft = line.left() + symbol + 6;
+    const int countWidth = std::min(
+        QFontMetrics(countFont).horizontalAdvance(count) + 1, line.right() + 1 - countLeft);
+    std::vector<CellPiece> pieces{
+        {leftSquare(line, symbol), {}, u"spool.fill"_s, {}, &Theme::textSecondary},
+        {{countLeft, line.top(), countWidth, line.height()}, count, {}, countFont,
+            &Theme::textPrimary},
+    };
+    const QString opened = FilamentTexts::openedInParentheses(filament);
+    if (!opened.isEmpty()) {
+        const QFont captionFont = fontOf(TextStyle::Caption);
+        const int left = countLeft + countWidth + 8;
+        const int width = std::min(
+            QFontMetrics(captionFont).horizontalAdvance(opened) + 1, line.right() + 1 - left);
+        pieces.push_back(
+            {{left, line.top(), width, line.height()}, opened, {}, captionFont, &Theme::orange});
+    }
+    return pieces;
+}
+
+std::vector<CellPiece> colorPieces(const Filament& filament, const QRect& cell, bool isSelected)
+{
+    const QFont nameFont = fontOf(TextStyle::Body);
+    const QFont codeFont = fontOf(TextStyle::Code);
+    const auto [first, second]
+        = twoLines(cell.adjusted(cellPadding, 0, -cellPadding, 0), nameFont, codeFont);
+    const bool hasName = !filament.colorName().isEmpty();
+    return {
+        {first, FilamentTexts::colorName(filament), {}, nameFont,
+            hasName ? &Theme::textPrimary : faint(isSelected)},
+        {second, filament.colorHex(), {}, codeFont, faint(isSelected)},
+    };
+}
+
+} // namespace
+
+int height()
+{
+    const int lines = QFontMetrics(fontOf(TextStyle::Count)).height()
+        + QFontMetrics(fontOf(TextStyle::Caption)).height();
+    return std::max(48, lines + 14);
+}
+
+QRect discRect(const QRect& cell)
+{
+    return leftSquare(cell.adjusted(firstPadding, 0, 0, 0), disc);
+}
+
+QRect plusRect(const QRect& cell)
+{
+    return {cell.right() + 1 - 8 - stepButton, cell.top() + (cell.height() - stepButton) / 2,
+        stepButton, stepButton};
+}
+
+QRect minusRect(const QRect& cell)
+{
+    return plusRect(cell).translated(-stepButton, 0);
+}
+
+std::vector<CellPiece> pieces(
+    const Filament& filament, int column, const QRect& cell, bool isSelected)
+{
+    const QRect line = cell.adjusted(cellPadding, 0, -cellPadding, 0);
+    switch (FilamentTableModel::Column(column)) {
+    case FilamentTableModel::Product:
+        return productPieces(filament, cell, isSelected);
+    case FilamentTableModel::Spools:
+        return spoolPieces(filament, cell);
+    case FilamentTableModel::Place:
+        return {{line, FilamentTexts::place(filament), {}, fontOf(TextStyle::Body),
+            filament.location() ? &Theme::textPrimary : faint(isSelected)}};
+    case FilamentTableModel::ColorName:
+        return colorPieces(filament, cell, isSelected);
+    case FilamentTableModel::Notes:
+        return {{line.adjusted(0, 0, cellPadding - firstPadding, 0),
+            FilamentTexts::notesOnOneLine(filament), {}, fontOf(TextStyle::Body),
+            &Theme::textSecondary}};
+    }
+    Q_UNREACHABLE();
+}
+
+bool isCut(const CellPiece& piece)
+{
+    return QFontMetrics(piece.font).horizontalAdvance(piece.text) > piece.rect.width();
+}
+
+void paint(QPainter& painter, const CellPiece& piece)
+{
+    const QColor color = currentTheme().*piece.color;
+    if (!piece.symbol.isEmpty()) {
+        paintSymbol(painter, piece.rect, piece.symbol, color);
+        return;
+    }
+    painter.setFont(piece.font);
+    painter.setPen(color);
+    const QString text
+        = QFontMetrics(piece.font).elidedText(piece.text, Qt::ElideRight, piece.rect.width());
+    painter.drawText(piece.rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+}
+
+} // namespace reelhouse::RowLayout

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/ui/Theme.h"
+
+#include <QtCore/QRect>
+#include <QtGui/QFont>
+
+#include <vector>
+
+class QPainter;
+
+namespace reelhouse {
+
+class Filament;
+
+/// One piece of text or one symbol in a cell of the list.
+struct CellPiece {
+    QRect rect;
+    QString text; ///< Cut with "…" where it does not fit.
+    QString symbol; ///< Drawn in `rect` instead of a text when it is not empty.
+    QFont font;
+    ColorRole color;
+};
+
+/// Where everything in one row of the list goes. Pure geometry: what is painted and what is told in
+/// a tool tip come from the same pieces.
+namespace RowLayout {
+
+constexpr int margin = 8; ///< Between the row's rectangle and the edges of the list.
+constexpr int cellPadding = 6;
+constexpr int firstPadding = 18;
+constexpr int disc = 32;
+constexpr int textStart = 64; ///< Of the first cell's text, after the disc.
+constexpr int symbol = 14;
+constexpr int stepButton = 28;
+
+int height();
+QRect discRect(const QRect& cell);
+QRect minusRect(const QRect& cell);
+QRect plusRect(const QRect& cell);
+
+/// The pieces of one cell, from left to right and from top to bottom.
+/// `isSelected` makes faint texts one tone stronger, to stay readable on the selection.
+std::vector<CellPiece> pieces(
+    const Filament& filament, int column, const QRect& cell, bool isSelected);
+/// Whether a piece of text is wider than its place.
+bool isCut(const CellPiece& piece);
+void paint(QPainter& painter, const CellPiece& piece);
+
+} // namespace RowLayout
+
+} // namespace reelhouse

@@ -1,0 +1,162 @@
+#include "app/library/LibraryView.h"
+
+#include "app/library/ListView.h"
+#include "core/preferences/Preferences.h"
+#include "tests/support/MemoryStock.h"
+#include "tests/support/TestMain.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QPushButton>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+class LibraryViewTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theFirstAppearanceSeedsAFileStoreOnce();
+    void theTemporaryStoreIsNeverSeeded();
+    void theSearchNarrowsTheList();
+    void anEmptyStockSaysSo();
+    void aSearchWithoutResultOffersToClearIt();
+    void anEditIsShownWithTheNextTurn();
+    void buttonsWithoutTheirSheetAreDisabledWithTheirHelp();
+};
+
+namespace {
+
+struct Fixture {
+    explicit Fixture(StoreKind kind)
+        : stock(tests::makeMemoryStock(kind))
+        , library(*stock, preferences)
+    {
+        library.resize(1080, 800);
+        library.show();
+        QCoreApplication::processEvents();
+    }
+
+    int rows() const { return library.findChild<ListView*>()->model()->rowCount(); }
+    void type(const QString& text)
+    {
+        auto* field = library.findChild<QLineEdit*>();
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, text);
+    }
+    QStringList shownTexts() const
+    {
+        QStringList texts;
+        for (const QLabel* label : library.findChildren<QLabel*>()) {
+            if (label->isVisible())
+                texts << label->text();
+        }
+        return texts;
+    }
+    QPushButton* button(const QString& text) const
+    {
+        for (QPushButton* button : library.findChildren<QPushButton*>()) {
+            if (button->isVisible() && (button->text() == text || button->accessibleName() == text))
+                return button;
+        }
+        return nullptr;
+    }
+
+    QTemporaryDir folder;
+    Preferences preferences{folder.filePath(u"preferences.conf"_s)};
+    std::unique_ptr<StoreContainer> stock;
+    LibraryView library;
+};
+
+} // namespace
+
+void LibraryViewTest::theFirstAppearanceSeedsAFileStoreOnce()
+{
+    Fixture fixture(StoreKind::File);
+    QCOMPARE(fixture.rows(), 8);
+    QVERIFY(fixture.preferences.didSeedSampleData());
+    QVERIFY(fixture.shownTexts().contains(u"8 résultats"_s));
+    QVERIFY(fixture.shownTexts().contains(u"12 bobines"_s));
+
+    fixture.library.hide();
+    fixture.library.show();
+
+    QCOMPARE(fixture.rows(), 8);
+}
+
+void LibraryViewTest::theTemporaryStoreIsNeverSeeded()
+{
+    const Fixture fixture(StoreKind::Memory);
+
+    QCOMPARE(fixture.rows(), 0);
+    QVERIFY(!fixture.preferences.didSeedSampleData());
+}
+
+void LibraryViewTest::theSearchNarrowsTheList()
+{
+    Fixture fixture(StoreKind::File);
+
+    fixture.type(u"etagere b"_s);
+    QCOMPARE(fixture.rows(), 2);
+    QVERIFY(fixture.shownTexts().contains(u"2 résultats"_s));
+
+    fixture.type(u"#8e24"_s);
+    QCOMPARE(fixture.rows(), 1);
+    QVERIFY(fixture.shownTexts().contains(u"1 résultat"_s));
+    QVERIFY(fixture.shownTexts().contains(u"12 bobines"_s));
+}
+
+void LibraryViewTest::anEmptyStockSaysSo()
+{
+    const Fixture fixture(StoreKind::Memory);
+
+    QVERIFY(fixture.shownTexts().contains(u"Stock vide"_s));
+    QVERIFY(fixture.shownTexts().contains(u"0 résultat"_s));
+    QVERIFY(fixture.button(u"Ajouter un filament"_s));
+}
+
+void LibraryViewTest::aSearchWithoutResultOffersToClearIt()
+{
+    Fixture fixture(StoreKind::File);
+    fixture.type(u"fluorescent"_s);
+    QCOMPARE(fixture.rows(), 0);
+    QVERIFY(!fixture.shownTexts().contains(u"Stock vide"_s));
+
+    QTest::mouseClick(fixture.button(u"Effacer"_s), Qt::LeftButton);
+
+    QCOMPARE(fixture.rows(), 8);
+    QVERIFY(fixture.library.findChild<QLineEdit*>()->text().isEmpty());
+}
+
+void LibraryViewTest::anEditIsShownWithTheNextTurn()
+{
+    Fixture fixture(StoreKind::File);
+    StoreContext& context = fixture.stock->context();
+
+    context.remove(*context.fetchAll<Filament>().front());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(fixture.rows(), 7);
+    QVERIFY(fixture.shownTexts().contains(u"7 filaments"_s));
+}
+
+void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
+{
+    const Fixture fixture(StoreKind::File);
+    const std::pair<QString, QString> helps[]{{u"Ajouter"_s, u"Ajouter un filament"_s},
+        {u"Imprimer"_s, u"Imprimer la liste du stock"_s},
+        {u"À propos de Spoolwright"_s, u"À propos de Spoolwright"_s}};
+
+    for (const auto& [name, help] : helps) {
+        QVERIFY(fixture.button(name));
+        QVERIFY(!fixture.button(name)->isEnabled());
+        QCOMPARE(fixture.button(name)->toolTip(), help);
+    }
+}
+
+REELHOUSE_TEST(LibraryViewTest)
+
+#include "LibraryViewTest.moc"

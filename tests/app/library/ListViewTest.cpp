@@ -1,0 +1,184 @@
+#include "app/library/ListView.h"
+
+#include "app/library/FilamentRowDelegate.h"
+#include "app/library/RowLayout.h"
+#include "app/library/SpoolActions.h"
+#include "tests/support/MemoryStock.h"
+#include "tests/support/TestMain.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QScrollBar>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+class ListViewTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void columnsShareTheWidth_data();
+    void columnsShareTheWidth();
+    void plusAndMinusChangeTheCount();
+    void twoQuickClicksCountTwiceAndOpenNothing();
+    void stepButtonsHideWhereTheyWouldCoverText();
+    void theContextMenuActsOnTheRow();
+    void selectionAndScrollPositionHoldAcrossRefreshes();
+    void aClickBesideTheRowsClearsTheSelection();
+    void tabLeavesTheTable();
+};
+
+namespace {
+
+/// A list of `count` filaments in a window of its own.
+struct Fixture {
+    explicit Fixture(int count)
+    {
+        for (int number = 0; number < count; ++number) {
+            ids.push_back(stock->context()
+                              .insert(std::make_unique<Filament>(nullptr, nullptr, nullptr, nullptr,
+                                  5, 0, u"#43A047"_s, u"Vert"_s, QString()))
+                              .id());
+        }
+        list.showRows(ids);
+        list.resize(1080, 600);
+        list.show();
+    }
+
+    QRect cell(int row, int column) const
+    {
+        return list.visualRect(list.model()->index(row, column));
+    }
+    Filament& filament(int row) { return *stock->context().find(ids[size_t(row)]); }
+    void click(QPoint position)
+    {
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, position);
+    }
+
+    std::unique_ptr<StoreContainer> stock = tests::makeMemoryStock();
+    SpoolActions actions{stock->context(), nullptr};
+    ListView list{stock->context(), actions};
+    std::vector<FilamentId> ids;
+};
+
+} // namespace
+
+void ListViewTest::columnsShareTheWidth_data()
+{
+    QTest::addColumn<int>("available");
+    QTest::addColumn<QList<int>>("expected");
+
+    QTest::newRow("by their shares") << 810 << QList<int>{210, 160, 120, 130, 190};
+    QTest::newRow("the remainder is not lost") << 811 << QList<int>{210, 160, 120, 130, 191};
+    QTest::newRow("never below the minima") << 600 << QList<int>{150, 130, 90, 110, 120};
+    QTest::newRow("wider than the view when it must be")
+        << 300 << QList<int>{150, 130, 90, 110, 120};
+    QTest::newRow("a narrow column takes from the others")
+        << 650 << QList<int>{165, 130, 94, 110, 151};
+}
+
+void ListViewTest::columnsShareTheWidth()
+{
+    QFETCH(int, available);
+
+    const std::vector<int> widths = listColumnWidths(available);
+
+    QTEST(QList<int>(widths.begin(), widths.end()), "expected");
+}
+
+void ListViewTest::plusAndMinusChangeTheCount()
+{
+    Fixture fixture(3);
+
+    fixture.click(RowLayout::plusRect(fixture.cell(1, 1)).center());
+    QCOMPARE(fixture.filament(1).spoolsCount(), 6);
+
+    fixture.click(RowLayout::minusRect(fixture.cell(1, 1)).center());
+    fixture.click(RowLayout::minusRect(fixture.cell(2, 1)).center());
+    QCOMPARE(fixture.filament(1).spoolsCount(), 5);
+    QCOMPARE(fixture.filament(2).spoolsCount(), 4);
+    QCOMPARE(fixture.filament(0).spoolsCount(), 5);
+}
+
+void ListViewTest::twoQuickClicksCountTwiceAndOpenNothing()
+{
+    Fixture fixture(2);
+    QSignalSpy activated(&fixture.list, &QAbstractItemView::activated);
+    const QPoint plus = RowLayout::plusRect(fixture.cell(0, 1)).center();
+
+    fixture.click(plus);
+    QTest::mouseDClick(fixture.list.viewport(), Qt::LeftButton, {}, plus);
+    QTest::mouseRelease(fixture.list.viewport(), Qt::LeftButton, {}, plus);
+
+    QCOMPARE(fixture.filament(0).spoolsCount(), 7);
+    QCOMPARE(activated.count(), 0);
+}
+
+void ListViewTest::stepButtonsHideWhereTheyWouldCoverText()
+{
+    Fixture fixture(1);
+    fixture.filament(0).setSpoolsCount(123456789012345678);
+    fixture.filament(0).setOpenedSpoolsCount(123456789012345678);
+
+    fixture.click(RowLayout::plusRect(fixture.cell(0, 1)).center());
+
+    QCOMPARE(fixture.filament(0).spoolsCount(), 123456789012345678);
+}
+
+void ListViewTest::theContextMenuActsOnTheRow()
+{
+    Fixture fixture(3);
+    const QPoint position = fixture.cell(2, 0).center();
+
+    QContextMenuEvent event(
+        QContextMenuEvent::Mouse, position, fixture.list.viewport()->mapToGlobal(position));
+    QCoreApplication::sendEvent(fixture.list.viewport(), &event);
+
+    auto* menu = fixture.list.findChild<QMenu*>();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().first()->text(), u"Ajouter une bobine"_s);
+    menu->actions().first()->trigger();
+    QCOMPARE(fixture.filament(2).spoolsCount(), 6);
+    menu->close();
+}
+
+void ListViewTest::selectionAndScrollPositionHoldAcrossRefreshes()
+{
+    Fixture fixture(100);
+    fixture.click(fixture.cell(3, 0).center());
+    const FilamentId selected = fixture.ids[3];
+    QCOMPARE(fixture.list.selectedFilament(), selected);
+    fixture.list.verticalScrollBar()->setValue(700);
+
+    std::vector<FilamentId> withoutFirst(fixture.ids.begin() + 1, fixture.ids.end());
+    fixture.list.showRows(withoutFirst);
+    QCOMPARE(fixture.list.selectedFilament(), selected);
+    QCOMPARE(fixture.list.currentIndex().row(), 2);
+    QCOMPARE(fixture.list.verticalScrollBar()->value(), 700);
+
+    fixture.list.showRows({fixture.ids[0]});
+    QCOMPARE(fixture.list.selectedFilament(), FilamentId{});
+}
+
+void ListViewTest::aClickBesideTheRowsClearsTheSelection()
+{
+    Fixture fixture(2);
+    fixture.click(fixture.cell(0, 0).center());
+
+    fixture.click({400, fixture.cell(1, 0).bottom() + 100});
+
+    QCOMPARE(fixture.list.selectedFilament(), FilamentId{});
+}
+
+void ListViewTest::tabLeavesTheTable()
+{
+    const Fixture fixture(2);
+
+    QVERIFY(!fixture.list.tabKeyNavigation());
+    QVERIFY(!fixture.list.accessibleName().isEmpty());
+}
+
+REELHOUSE_TEST(ListViewTest)
+
+#include "ListViewTest.moc"
