@@ -1,0 +1,173 @@
+#include "app/shell/AppDelegate.h"
+
+#include "app/shell/MainWindow.h"
+#include "app/shell/WindowDecoration.h"
+#include "app/shell/WindowPlacement.h"
+#include "app/store/StoreContainer.h"
+#include "app/store/StoreProvider.h"
+#include "core/model/StoreContext.h"
+#include "core/preferences/Preferences.h"
+
+#include <QtCore/QTimer>
+#include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
+#include <QtGui/QScreen>
+#include <QtGui/QWindow>
+#include <QtWidgets/QApplication>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int lastSetupAttempt = 29;
+constexpr auto setupPause = 100ms;
+constexpr int lastActivationAttempt = 8;
+constexpr int attentionAttempt = 6;
+constexpr auto activationPause = 200ms;
+constexpr auto firstCorrection = 300ms;
+constexpr auto secondCorrection = 800ms;
+
+} // namespace
+
+AppDelegate::AppDelegate(Preferences& preferences, StoreProvider& provider,
+    std::function<MainWindow*()> mainWindow, QObject* parent)
+    : QObject(parent)
+    , m_preferences(preferences)
+    , m_provider(provider)
+    , m_mainWindow(std::move(mainWindow))
+{
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    QTimer::singleShot(0ms, this, [this] { startWindowSetup(0); });
+}
+
+void AppDelegate::startWindowSetup(int attempt)
+{
+    if (configureMainWindow()) {
+        tryToActivate(0);
+        m_provider.loadIfNeeded();
+        QTimer::singleShot(firstCorrection, this, &AppDelegate::correctPlacement);
+        QTimer::singleShot(secondCorrection, this, &AppDelegate::correctPlacement);
+    } else if (attempt >= lastSetupAttempt) {
+        m_provider.loadIfNeeded();
+    } else {
+        QTimer::singleShot(setupPause, this, [this, attempt] { startWindowSetup(attempt + 1); });
+    }
+}
+
+bool AppDelegate::configureMainWindow()
+{
+    MainWindow* window = m_mainWindow();
+    if (m_didConfigureWindow || !window)
+        return false;
+    m_didConfigureWindow = true;
+    connect(window, &MainWindow::closing, this, &AppDelegate::saveWindowStateIfEnabled);
+    window->winId(); // makes the native window, so that its decoration can be asked for
+    const auto saved = shouldRestoreWindowState() ? m_preferences.windowSize() : std::nullopt;
+    placeOnMainScreen(*window, saved ? saved->toSize() : WindowPlacement::defaultSize);
+    bringToFront();
+    return true;
+}
+
+void AppDelegate::placeOnMainScreen(MainWindow& window, QSize size)
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    if (!screen) {
+        window.resize(size);
+        return;
+    }
+    const QMargins decoration = decorationOf(*window.windowHandle());
+    const QRect available = screen->availableGeometry();
+    const QSize chrome = window.chromeSize();
+    window.setMinimumSize(
+        WindowPlacement::minimumContentSize(decoration, chrome, available) + chrome);
+    const QRect place
+        = WindowPlacement::centred(size.expandedTo(window.minimumSize()), decoration, available);
+    if (place.isEmpty())
+        window.resize(size);
+    else
+        window.setGeometry(place);
+}
+
+void AppDelegate::correctPlacement()
+{
+    MainWindow* window = m_mainWindow();
+    if (!window)
+        return;
+    placeOnMainScreen(*window, window->size());
+    window->raise();
+}
+
+void AppDelegate::tryToActivate(int attempt)
+{
+    bringToFront();
+    MainWindow* window = m_mainWindow();
+    const bool isActive = QGuiApplication::applicationState() == Qt::ApplicationActive;
+    if (!isActive && attempt == attentionAttempt && window
+        && !std::exchange(m_didRequestAttention, true))
+        QApplication::alert(window);
+    if (isActive || attempt >= lastActivationAttempt)
+        return;
+    QTimer::singleShot(activationPause, this, [this, attempt] { tryToActivate(attempt + 1); });
+}
+
+void AppDelegate::bringToFront()
+{
+    MainWindow* window = m_mainWindow();
+    if (!window)
+        return;
+    if (window->isMinimized())
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void AppDelegate::applicationShouldHandleReopen(const QString& activationToken)
+{
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8()); // read by Qt's Wayland platform
+    tryToActivate(0);
+}
+
+bool AppDelegate::shouldRestoreWindowState() const
+{
+    return m_preferences.rememberWindowState();
+}
+
+void AppDelegate::saveWindowStateIfEnabled()
+{
+    const MainWindow* window = m_mainWindow();
+    if (shouldRestoreWindowState() && window)
+        m_preferences.setWindowSize(window->size());
+}
+
+void AppDelegate::terminate()
+{
+    saveWindowStateIfEnabled();
+    QCoreApplication::exit(0);
+}
+
+void AppDelegate::presentStoreError(const QString& message)
+{
+    if (message.isEmpty())
+        QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
+}
+
+StoreContainer* AppDelegate::modelContainer() const
+{
+    return m_provider.container();
+}
+
+bool AppDelegate::usingInMemoryStore() const
+{
+    return m_provider.usesMemoryStore();
+}
+
+} // namespace reelhouse

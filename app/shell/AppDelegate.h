@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QSize>
+
+#include <functional>
+
+namespace reelhouse {
+
+class MainWindow;
+class Preferences;
+class StoreContainer;
+class StoreProvider;
+
+/// Sets the main window up and places it, brings the program to the front, starts the opening of
+/// the store, and keeps what must not be lost when the program ends.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `mainWindow` is asked for the window each time one is needed; null means that there is none.
+    AppDelegate(Preferences& preferences, StoreProvider& provider,
+        std::function<MainWindow*()> mainWindow, QObject* parent = nullptr);
+
+    /// Begins the start-up sequence once the event loop runs.
+    void applicationDidFinishLaunching();
+    /// Brings the main window to the front, as when the user starts the program a second time.
+    /// `activationToken` is what the desktop gave the second launch, or empty.
+    void applicationShouldHandleReopen(const QString& activationToken);
+    /// Brings the program to the front, trying again for a while where the desktop is reluctant.
+    void activateApplication() { tryToActivate(0); }
+    /// Writes the window's size when the user wants it remembered.
+    void saveWindowStateIfEnabled();
+    /// Saves the stock and the window, then ends the event loop with status 0, without a question.
+    void terminate();
+    /// The alert that tells why the program runs on the temporary store. Modal.
+    void presentStoreError(const QString& message);
+
+    StoreContainer* modelContainer() const;
+    bool usingInMemoryStore() const;
+    bool shouldRestoreWindowState() const;
+
+private:
+    void startWindowSetup(int attempt);
+    bool configureMainWindow();
+    void placeOnMainScreen(MainWindow& window, QSize size);
+    void correctPlacement();
+    void tryToActivate(int attempt);
+    void bringToFront();
+
+    Preferences& m_preferences;
+    StoreProvider& m_provider;
+    std::function<MainWindow*()> m_mainWindow;
+    bool m_didConfigureWindow = false;
+    bool m_didRequestAttention = false;
+};
+
+} // namespace reelhouse

@@ -1,0 +1,55 @@
+#include "app/shell/ContentView.h"
+
+#include "app/library/LibraryView.h"
+#include "app/shell/SidebarView.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStackedWidget>
+#include <QtWidgets/QVBoxLayout>
+
+namespace reelhouse {
+
+ContentView::ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent)
+    : QSplitter(Qt::Horizontal, parent)
+    , m_sidebar(new SidebarView(this))
+    , m_screens(new QStackedWidget(this))
+    , m_library(new LibraryView(container, preferences))
+{
+    setChildrenCollapsible(false);
+    setHandleWidth(1);
+    m_screens->addWidget(m_library);
+    addWidget(m_sidebar);
+    addWidget(m_screens);
+    setStretchFactor(1, 1);
+    m_sidebar->setSelection(m_selection);
+    connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);
+}
+
+void ContentView::showScreen(NavItem item)
+{
+    if (item == m_selection)
+        return;
+    m_selection = item;
+    m_sidebar->setSelection(item);
+    QWidget* former = m_screens->currentWidget();
+    QWidget* screen = item == NavItem::Library ? m_library : makeScreen(item);
+    m_screens->addWidget(screen);
+    m_screens->setCurrentWidget(screen);
+    if (former != m_library)
+        former->deleteLater();
+}
+
+QWidget* ContentView::makeScreen(NavItem item)
+{
+    auto* screen = new QWidget(this);
+    auto* title = new QLabel(navItemTitle(item), screen);
+    setTextStyle(title, TextStyle::ScreenTitle);
+    auto* column = new QVBoxLayout(screen);
+    column->setContentsMargins(16, 10, 16, 10);
+    column->addWidget(title);
+    column->addStretch();
+    return screen;
+}
+
+} // namespace reelhouse

@@ -1,0 +1,46 @@
+#include "app/shell/MainWindow.h"
+
+#include <QtGui/QCloseEvent>
+#include <QtWidgets/QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+MainWindow::MainWindow()
+{
+    setWindowTitle(u"Spoolwright"_s);
+    makeMenuBar();
+}
+
+void MainWindow::showScreen(QWidget* screen)
+{
+    setCentralWidget(screen);
+}
+
+QSize MainWindow::chromeSize() const
+{
+    return {0, menuBar()->sizeHint().height()};
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    emit closing();
+    event->accept();
+}
+
+void MainWindow::makeMenuBar()
+{
+    QMenu* application = menuBar()->addMenu(u"Spoolwright"_s);
+    QAction* about = application->addAction(u"À propos de Reelhouse"_s);
+    about->setMenuRole(QAction::AboutRole);
+    about->setEnabled(false);
+    application->addSeparator();
+    QAction* quit = application->addAction(
+        u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+    quit->setMenuRole(QAction::QuitRole);
+
+    menuBar()->addMenu(u"Édition"_s);
+}
+
+} // namespace reelhouse

@@ -1,0 +1,57 @@
+#include "app/shell/ReelhouseApp.h"
+
+#include "app/shell/ContentView.h"
+#include "app/shell/SingleInstance.h"
+#include "app/store/StoreContainer.h"
+#include "core/model/StoreContext.h"
+
+#include <QtCore/QUrl>
+#include <QtGui/QDesktopServices>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
+
+namespace reelhouse {
+
+ReelhouseApp::ReelhouseApp(
+    StorePaths paths, const QString& preferencesFile, SingleInstance& instance)
+    : m_preferences(preferencesFile)
+    , m_provider(std::move(paths))
+    , m_delegate(m_preferences, m_provider, [this] { return &m_window; })
+{
+    showScreen();
+    connect(&m_provider, &StoreProvider::stateChanged, this, &ReelhouseApp::showScreen);
+    connect(&m_provider, &StoreProvider::activationRequested, &m_delegate,
+        &AppDelegate::activateApplication);
+    connect(&m_provider, &StoreProvider::storeAlertRequested, &m_delegate,
+        &AppDelegate::presentStoreError);
+    connect(&instance, &SingleInstance::raiseRequested, &m_delegate,
+        &AppDelegate::applicationShouldHandleReopen);
+    connect(&m_signals, &UnixSignals::terminationRequested, &m_delegate, &AppDelegate::terminate);
+}
+
+int ReelhouseApp::run()
+{
+    m_delegate.applicationDidFinishLaunching();
+    const int status = QApplication::exec();
+    // Whatever ended the event loop, what the last action changed is not lost.
+    if (StoreContainer* container = m_provider.container())
+        container->context().save();
+    return status;
+}
+
+void ReelhouseApp::showScreen()
+{
+    if (StoreContainer* container = m_provider.container())
+        m_window.showScreen(new ContentView(*container, m_preferences));
+    else if (!m_provider.failureMessage().isEmpty())
+        m_window.showScreen(new QLabel(m_provider.failureMessage()));
+    else
+        m_window.showScreen(new QWidget);
+}
+
+void ReelhouseApp::openDataFolder()
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
+}
+
+} // namespace reelhouse

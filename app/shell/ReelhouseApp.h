@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/shell/AppDelegate.h"
+#include "app/shell/MainWindow.h"
+#include "app/shell/UnixSignals.h"
+#include "app/store/StorePaths.h"
+#include "app/store/StoreProvider.h"
+#include "app/ui/ThemeService.h"
+#include "core/preferences/Preferences.h"
+
+namespace reelhouse {
+
+class SingleInstance;
+
+/// The composition root: makes every service once, hands them down, and chooses the screen that the
+/// state of the store calls for.
+class ReelhouseApp final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `paths` says where the stock lies, `preferencesFile` where the preferences are kept.
+    /// `instance` is this program's claim to that stock: it tells when a second launch asks for the
+    /// window.
+    ReelhouseApp(StorePaths paths, const QString& preferencesFile, SingleInstance& instance);
+
+    /// Runs the program until the user or the system ends it; returns its exit status.
+    int run();
+
+private:
+    void showScreen();
+    void openDataFolder();
+
+    Preferences m_preferences;
+    ThemeService m_theme;
+    StoreProvider m_provider;
+    MainWindow m_window;
+    AppDelegate m_delegate;
+    UnixSignals m_signals;
+};
+
+} // namespace reelhouse

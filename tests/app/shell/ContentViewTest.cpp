@@ -1,0 +1,87 @@
+#include "app/shell/ContentView.h"
+
+#include "app/library/LibraryView.h"
+#include "app/shell/SidebarView.h"
+#include "core/preferences/Preferences.h"
+#include "tests/support/MemoryStock.h"
+#include "tests/support/TestMain.h"
+
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+class ContentViewTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theLibraryIsShownFirst();
+    void everyScreenShowsItsTitle();
+    void theLibraryKeepsItsSearchWhileOthersAreShown();
+};
+
+namespace {
+
+struct Fixture {
+    Fixture()
+    {
+        content.resize(1300, 820);
+        content.show();
+    }
+
+    bool showsLibrary() const { return content.findChild<LibraryView*>()->isVisible(); }
+    bool showsTitle(const QString& title) const
+    {
+        const auto labels = content.findChildren<QLabel*>();
+        return std::ranges::any_of(labels,
+            [&](const QLabel* label) { return label->isVisible() && label->text() == title; });
+    }
+
+    QTemporaryDir folder;
+    Preferences preferences{folder.filePath(u"preferences.conf"_s)};
+    std::unique_ptr<StoreContainer> stock = tests::makeMemoryStock();
+    ContentView content{*stock, preferences};
+};
+
+} // namespace
+
+void ContentViewTest::theLibraryIsShownFirst()
+{
+    const Fixture fixture;
+
+    QVERIFY(fixture.showsLibrary());
+    QCOMPARE(fixture.content.selection(), NavItem::Library);
+    QCOMPARE(fixture.content.findChild<SidebarView*>()->selection(), NavItem::Library);
+}
+
+void ContentViewTest::everyScreenShowsItsTitle()
+{
+    Fixture fixture;
+
+    for (const NavItem item : allNavItems) {
+        fixture.content.showScreen(item);
+        QVERIFY2(fixture.showsTitle(navItemTitle(item)), qPrintable(navItemTitle(item)));
+        QCOMPARE(fixture.showsLibrary(), item == NavItem::Library);
+        QCOMPARE(fixture.content.findChild<SidebarView*>()->selection(), item);
+    }
+}
+
+void ContentViewTest::theLibraryKeepsItsSearchWhileOthersAreShown()
+{
+    Fixture fixture;
+    auto* field = fixture.content.findChild<QLineEdit*>();
+    QTest::keyClicks(field, u"rouge"_s);
+
+    fixture.content.showScreen(NavItem::Brands);
+    fixture.content.showScreen(NavItem::Library);
+
+    QCOMPARE(fixture.content.findChild<QLineEdit*>(), field);
+    QCOMPARE(field->text(), u"rouge"_s);
+}
+
+REELHOUSE_TEST(ContentViewTest)
+
+#include "ContentViewTest.moc"
