@@ -46,7 +46,9 @@ bool windowsAreComposited()
     if (QGuiApplication::platformName().startsWith("wayland"_L1))
         return true;
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 != nullptr && hasCompositingManager(x11->connection());
+    // The platform without a screen knows of X11 too, but is connected to nothing.
+    return x11 != nullptr && x11->connection() != nullptr
+        && hasCompositingManager(x11->connection());
 }
 
 } // namespace reelhouse

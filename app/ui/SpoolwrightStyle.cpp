@@ -5,6 +5,7 @@
 #include "app/ui/Compositing.h"
 #include "app/ui/FocusRing.h"
 #include "app/ui/InputPainting.h"
+#include "app/ui/InputState.h"
 #include "app/ui/MenuPainting.h"
 #include "app/ui/Palette.h"
 #include "app/ui/RoundedPanel.h"
@@ -32,6 +33,7 @@ constexpr int fieldPadding = 10;
 constexpr int fieldHeight = 28;
 constexpr int comboPadding = 12;
 constexpr int comboArrow = 28;
+constexpr int comboIconGap = 8;
 constexpr int headerHeight = 30;
 constexpr int headerPadding = 8;
 constexpr int headerFirstIndent = 10;
@@ -283,6 +285,10 @@ int SpoolwrightStyle::pixelMetric(
         return 2;
     case PM_SubMenuOverlap:
         return 0;
+    case PM_LineEditIconSize:
+        return 14;
+    case PM_LineEditIconMargin:
+        return 7;
     case PM_SmallIconSize:
     case PM_ListViewIconSize:
         return 16;
@@ -338,7 +344,7 @@ QSize SpoolwrightStyle::sizeFromContents(ContentsType type, const QStyleOption* 
         return {contents.width() + 2 * fieldPadding,
             std::max(fieldHeight, option->fontMetrics.height() + 12)};
     case CT_ComboBox:
-        return {contents.width() + comboPadding + comboArrow,
+        return {contents.width() + comboPadding + comboIconGap + comboArrow,
             std::max(fieldHeight, option->fontMetrics.height() + 12)};
     case CT_HeaderSection: {
         const QFontMetrics metrics(fontOf(TextStyle::Header));
@@ -375,6 +381,8 @@ QRect SpoolwrightStyle::subElementRect(
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
             frame != nullptr && frame->lineWidth <= 0)
             return option->rect;
+        if (inputState(widget).shape == InputShape::Search)
+            return option->rect.adjusted(0, 1, 0, -1); // Its icons keep the text off the ends.
         return option->rect.adjusted(fieldPadding - 2, 1, -fieldPadding + 2, -1);
     }
     case SE_HeaderLabel:

@@ -23,6 +23,7 @@ struct Theme {
     QColor list; ///< Ground of tables.
     QColor surface; ///< Cards, form groups, buttons, capsules, inputs.
     QColor sunken; ///< Search field, segmented track, pressed button.
+    QColor raised; ///< The chosen one of several segments.
     QColor menu; ///< Menus and combo pop-ups.
 
     QColor hairline; ///< Row lines, card edges, separators.
@@ -38,6 +39,7 @@ struct Theme {
 
     QColor accent; ///< Focus ring, bars, outlines; never text.
     QColor accentText; ///< Links and active icons.
+    QColor chosenIcon; ///< Icon of the chosen segment, on `raised`.
     QColor accentButton; ///< Default button, ticked box.
     QColor accentButtonHover;
     QColor onAccent; ///< Text on accentButton and redFill.

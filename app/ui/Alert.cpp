@@ -1,0 +1,125 @@
+#include "app/ui/Alert.h"
+
+#include "app/ui/ButtonLook.h"
+#include "app/ui/IconView.h"
+#include "app/ui/Palette.h"
+#include "app/ui/Symbol.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int narrowest = 420;
+constexpr int widest = 500;
+constexpr int padding = 22;
+constexpr int tileSide = 44;
+constexpr int tileGap = 16;
+constexpr int symbolSide = 20;
+constexpr qreal tileRadius = 12;
+
+/// The icon beside the texts.
+QWidget* iconFor(AlertTone tone, QWidget* parent)
+{
+    if (tone == AlertTone::Question)
+        return new IconView(applicationIcon(), tileSide + 4, parent);
+    const bool isWarning = tone == AlertTone::Warning;
+    const QIcon symbol = isWarning ? symbolIcon(u"exclamationmark.triangle.fill"_s, &Theme::orange)
+                                   : symbolIcon(u"trash"_s, &Theme::red);
+    auto* icon = new IconView(symbol, symbolSide, parent);
+    icon->setTile(tileSide, tileRadius, isWarning ? &Theme::orangeSoft : &Theme::redSoft);
+    return icon;
+}
+
+ButtonLook lookOf(AlertRole role)
+{
+    switch (role) {
+    case AlertRole::Confirm:
+        return ButtonLook::Default;
+    case AlertRole::Destroy:
+        return ButtonLook::DestructiveFilled;
+    case AlertRole::Cancel:
+    case AlertRole::Other:
+        return ButtonLook::Normal;
+    }
+    Q_UNREACHABLE();
+}
+
+QLabel* wrappingLabel(const QString& text, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+Alert::Alert(AlertTone tone, const QString& title, const QString& message,
+    const QList<AlertButton>& buttons, QWidget* parent)
+    : Sheet(title, narrowest, parent)
+{
+    setPadding(padding);
+    addTexts(tone, title, message);
+    addButtons(buttons);
+}
+
+void Alert::addTexts(AlertTone tone, const QString& title, const QString& message)
+{
+    QLabel* titleLabel = wrappingLabel(title, this);
+    setTextStyle(titleLabel, TextStyle::Headline);
+    QLabel* messageLabel = wrappingLabel(message, this);
+    setTextTone(messageLabel, TextTone::Secondary);
+    setAccessibleDescription(message);
+
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(6);
+    texts->addWidget(titleLabel);
+    texts->addWidget(messageLabel);
+    texts->addStretch(1);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(tileGap);
+    row->addWidget(iconFor(tone, this), 0, Qt::AlignTop);
+    row->addLayout(texts, 1);
+    body()->addLayout(row);
+
+    const int longestLine = std::max(titleLabel->fontMetrics().size(0, title).width(),
+        messageLabel->fontMetrics().size(0, message).width());
+    setPanelSize(std::clamp(2 * padding + tileSide + tileGap + longestLine + 2, narrowest, widest));
+}
+
+void Alert::addButtons(const QList<AlertButton>& buttons)
+{
+    const bool isDestructive = std::any_of(buttons.begin(), buttons.end(),
+        [](const AlertButton& button) { return button.role == AlertRole::Destroy; });
+    const AlertRole focused = isDestructive ? AlertRole::Cancel : AlertRole::Confirm;
+    buttonRow()->addStretch(1);
+    for (int index = static_cast<int>(buttons.size()) - 1; index >= 0; --index) {
+        const AlertButton& answer = buttons.at(index);
+        auto* button = new QPushButton(answer.text, this);
+        setButtonLook(button, lookOf(answer.role));
+        connect(button, &QPushButton::clicked, this, [this, index] { done(index); });
+        buttonRow()->addWidget(button);
+        if (answer.role == AlertRole::Cancel)
+            m_dismissed = index;
+        if (answer.role == focused) {
+            button->setDefault(true);
+            button->setFocus();
+        }
+    }
+}
+
+void Alert::reject()
+{
+    done(m_dismissed);
+}
+
+} // namespace reelhouse

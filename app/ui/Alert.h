@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/ui/Sheet.h"
+
+#include <QtCore/QList>
+
+namespace reelhouse {
+
+/// What an alert is about; decides its icon and the ground of it.
+enum class AlertTone {
+    Question, ///< The application's own icon.
+    Warning,
+    Destructive,
+};
+
+enum class AlertRole {
+    Confirm, ///< Does what is asked; Return presses it.
+    Destroy, ///< Does what cannot be taken back; never pressed by an unthinking Return.
+    Cancel, ///< Leaves everything as it was; so does dismissing the alert.
+    Other,
+};
+
+struct AlertButton {
+    QString text;
+    AlertRole role;
+};
+
+/// A question or a warning with ordered buttons. They are named from the most important on and
+/// stand from right to left. Ask with `open()` and listen to `finished(int)`, or, for the few that
+/// block the whole program, with `exec()`: both give the index of the chosen button. Dismissing it
+/// gives the index of the Cancel button, or else of the first.
+class Alert final : public Sheet {
+    Q_OBJECT
+
+public:
+    Alert(AlertTone tone, const QString& title, const QString& message,
+        const QList<AlertButton>& buttons, QWidget* parent = nullptr);
+
+    void reject() override;
+
+private:
+    void addTexts(AlertTone tone, const QString& title, const QString& message);
+    void addButtons(const QList<AlertButton>& buttons);
+
+    int m_dismissed = 0;
+};
+
+} // namespace reelhouse

@@ -1,0 +1,147 @@
+#include "app/ui/StatusLine.h"
+
+#include "app/ui/IconView.h"
+#include "app/ui/Palette.h"
+#include "app/ui/RoundedPanel.h"
+#include "app/ui/Symbol.h"
+
+#include <QtCore/QPropertyAnimation>
+#include <QtGui/QAccessible>
+#include <QtGui/QPainter>
+#include <QtWidgets/QGraphicsOpacityEffect>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QStyle>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int widest = 640;
+constexpr int padding = 12;
+constexpr int verticalPadding = 8;
+constexpr int iconSide = 15;
+constexpr int iconGap = 8;
+constexpr qreal panelRadius = 9;
+constexpr int fadeDuration = 150; // milliseconds
+
+struct Look {
+    QString symbol;
+    ColorRole color;
+    ColorRole ground;
+    TextTone tone;
+};
+
+Look lookOf(StatusKind kind)
+{
+    switch (kind) {
+    case StatusKind::Success:
+        return {u"checkmark.circle.fill"_s, &Theme::green, &Theme::greenSoft, TextTone::Green};
+    case StatusKind::Warning:
+        return {u"exclamationmark.triangle.fill"_s, &Theme::orange, &Theme::orangeSoft,
+            TextTone::Orange};
+    case StatusKind::Error:
+        return {u"exclamationmark.triangle.fill"_s, &Theme::red, &Theme::redSoft, TextTone::Red};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+/// The coloured ground behind icon and text.
+class StatusLine::Panel final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+    void setGround(ColorRole ground)
+    {
+        m_ground = ground;
+        update();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        paintRoundedPanel(painter, rect(), panelRadius, currentTheme().*m_ground);
+    }
+
+private:
+    ColorRole m_ground = &Theme::greenSoft;
+};
+
+StatusLine::StatusLine(QWidget* parent)
+    : QWidget(parent)
+    , m_panel(new Panel(this))
+    , m_icon(new IconView(QIcon(), iconSide, m_panel))
+    , m_label(new QLabel(m_panel))
+{
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setWordWrap(true);
+    m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+
+    auto* content = new QHBoxLayout(m_panel);
+    content->setContentsMargins(padding, verticalPadding, padding, verticalPadding);
+    content->setSpacing(iconGap);
+    content->addWidget(m_icon, 0, Qt::AlignTop);
+    content->addWidget(m_label, 1);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_panel, 1);
+    row->addStretch(0);
+
+    QSizePolicy policy = m_panel->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_panel->setSizePolicy(policy);
+    m_panel->setVisible(false);
+}
+
+void StatusLine::showMessage(StatusKind kind, const QString& text)
+{
+    const Look look = lookOf(kind);
+    m_panel->setGround(look.ground);
+    m_icon->setIcon(symbolIcon(look.symbol, look.color));
+    setTextTone(m_label, look.tone);
+
+    const int textWidth = m_label->fontMetrics().size(0, text).width() + 2;
+    m_panel->setMaximumWidth(std::min(widest, 2 * padding + iconSide + iconGap + textWidth));
+    m_label->setText(text);
+    m_panel->setVisible(true);
+    fadeIn();
+
+    QAccessibleEvent event(m_label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void StatusLine::clear()
+{
+    m_label->clear();
+    m_panel->setVisible(false);
+}
+
+QString StatusLine::text() const
+{
+    return m_label->text();
+}
+
+void StatusLine::fadeIn()
+{
+    if (style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) == 0)
+        return;
+    auto* effect = new QGraphicsOpacityEffect(m_panel);
+    effect->setOpacity(0);
+    m_panel->setGraphicsEffect(effect); // Takes the place of one that may still be running.
+    auto* animation = new QPropertyAnimation(effect, "opacity", effect);
+    animation->setDuration(fadeDuration);
+    animation->setEndValue(1.0);
+    connect(animation, &QPropertyAnimation::finished, m_panel,
+        [this] { m_panel->setGraphicsEffect(nullptr); });
+    animation->start();
+}
+
+} // namespace reelhouse

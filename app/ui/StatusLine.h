@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QLabel;
+
+namespace reelhouse {
+
+class IconView;
+
+enum class StatusKind { Success, Warning, Error };
+
+/// One line that says how the last action ended, on a ground of its own. Its room is kept while it
+/// is empty, so that nothing jumps. The text wraps, can be selected, and is announced.
+class StatusLine final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QWidget* parent = nullptr);
+
+    void showMessage(StatusKind kind, const QString& text);
+    void clear();
+
+    /// What stands there now; empty when nothing does.
+    QString text() const;
+
+private:
+    void fadeIn();
+
+    class Panel;
+    Panel* m_panel;
+    IconView* m_icon;
+    QLabel* m_label;
+};
+
+} // namespace reelhouse

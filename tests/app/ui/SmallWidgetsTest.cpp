@@ -1,0 +1,209 @@
+#include "app/ui/EmptyState.h"
+#include "app/ui/SearchField.h"
+#include "app/ui/Spinner.h"
+#include "app/ui/StatusLine.h"
+#include "tests/app/ui/AccessibleFacts.h"
+#include "tests/support/TestMain.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace reelhouse;
+using namespace reelhouse::tests;
+using namespace Qt::StringLiterals;
+
+class SmallWidgetsTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void theSearchFieldHasItsTexts();
+    void theClearButtonShowsWithText();
+    void theClearButtonEmptiesLikeTyping();
+    void aStatusLineKeepsItsRoomWhileEmpty();
+    void aStatusLineShowsItsMessage();
+    void aStatusLineIsAtMost640Wide();
+    void aLongStatusWraps();
+    void theStatusCanBeSelected();
+    void anEmptyStateShowsItsTextsAndButton();
+    void aSpinnerIsAProgressBarOfUnknownLength();
+};
+
+namespace {
+
+QToolButton* clearButton(const SearchField& field)
+{
+    for (auto* button : field.findChildren<QToolButton*>()) {
+        if (button->toolTip() == "Effacer la recherche"_L1)
+            return button;
+    }
+    return nullptr;
+}
+
+const auto longMessage
+    = u"Erreur d'import : Le fichier contient plusieurs types nommés « pla ». "_s.repeated(5);
+
+/// A status line at the top of a screen, as it is used.
+class Screen final : public QWidget {
+public:
+    Screen()
+        : m_line(new StatusLine(this))
+    {
+        auto* column = new QVBoxLayout(this);
+        column->addWidget(m_line);
+        column->addStretch(1);
+        resize(700, 400);
+        show();
+        QCoreApplication::processEvents();
+    }
+
+    StatusLine& line() const { return *m_line; }
+
+private:
+    StatusLine* m_line;
+};
+
+} // namespace
+
+void SmallWidgetsTest::theSearchFieldHasItsTexts()
+{
+    SearchField field;
+
+    QCOMPARE(field.placeholderText(), u"Rechercher…"_s);
+    QCOMPARE(spokenName(&field), u"Rechercher"_s);
+    QCOMPARE(spokenRole(&field), QAccessible::EditableText);
+    QCOMPARE(field.minimumSizeHint().width(), 128);
+    QVERIFY(field.sizeHint().height() >= 30);
+}
+
+void SmallWidgetsTest::theClearButtonShowsWithText()
+{
+    SearchField field;
+    field.show();
+    QVERIFY(clearButton(field) != nullptr);
+    QVERIFY(!clearButton(field)->isVisible());
+
+    QTest::keyClicks(&field, u"rouge"_s);
+    QVERIFY(clearButton(field)->isVisible());
+    QCOMPARE(spokenName(clearButton(field)), u"Effacer la recherche"_s);
+
+    field.setText(QString());
+    QVERIFY(!clearButton(field)->isVisible());
+}
+
+void SmallWidgetsTest::theClearButtonEmptiesLikeTyping()
+{
+    SearchField field;
+    field.show();
+    field.setText(u"rouge"_s);
+    QSignalSpy edited(&field, &QLineEdit::textEdited);
+
+    QTest::mouseClick(clearButton(field), Qt::LeftButton);
+
+    QCOMPARE(field.text(), QString());
+    QCOMPARE(edited, QList<QVariantList>({{QString()}}));
+}
+
+void SmallWidgetsTest::aStatusLineKeepsItsRoomWhileEmpty()
+{
+    const Screen screen;
+    const int empty = screen.line().height();
+
+    screen.line().showMessage(StatusKind::Success, u"Export réussi ! (28 filaments)"_s);
+    QCoreApplication::processEvents();
+    const int filled = screen.line().height();
+    screen.line().clear();
+    QCoreApplication::processEvents();
+
+    QVERIFY(empty > 20);
+    QCOMPARE(filled, empty);
+    QCOMPARE(screen.line().height(), empty);
+}
+
+void SmallWidgetsTest::aStatusLineShowsItsMessage()
+{
+    StatusLine line;
+    line.show();
+    auto* label = line.findChild<QLabel*>();
+    QVERIFY(!label->isVisible());
+
+    line.showMessage(StatusKind::Error, u"Erreur d'écriture : <b>disque plein</b>"_s);
+    QVERIFY(label->isVisible());
+    QCOMPARE(line.text(), u"Erreur d'écriture : <b>disque plein</b>"_s);
+    QCOMPARE(spokenName(label), u"Erreur d'écriture : <b>disque plein</b>"_s);
+
+    line.clear();
+    QVERIFY(!label->isVisible());
+    QCOMPARE(line.text(), QString());
+}
+
+void SmallWidgetsTest::aStatusLineIsAtMost640Wide()
+{
+    StatusLine line;
+    line.resize(1000, 200);
+    line.show();
+
+    line.showMessage(StatusKind::Success, u"Sauvegarde effectuée"_s);
+    QCoreApplication::processEvents();
+    const int shortWidth = line.findChild<QLabel*>()->parentWidget()->width();
+    line.showMessage(StatusKind::Error, longMessage);
+    QCoreApplication::processEvents();
+    const int longWidth = line.findChild<QLabel*>()->parentWidget()->width();
+
+    QVERIFY2(shortWidth < 300, qPrintable(QString::number(shortWidth)));
+    QCOMPARE(longWidth, 640);
+}
+
+void SmallWidgetsTest::aLongStatusWraps()
+{
+    const Screen screen;
+    screen.line().showMessage(StatusKind::Error, longMessage);
+    QCoreApplication::processEvents();
+
+    const auto* label = screen.line().findChild<QLabel*>();
+    QVERIFY(label->height() >= 3 * label->fontMetrics().height());
+}
+
+void SmallWidgetsTest::theStatusCanBeSelected()
+{
+    StatusLine line;
+    line.showMessage(StatusKind::Error, u"Erreur"_s);
+
+    const Qt::TextInteractionFlags flags = line.findChild<QLabel*>()->textInteractionFlags();
+    QVERIFY(flags.testFlag(Qt::TextSelectableByMouse));
+    QVERIFY(flags.testFlag(Qt::TextSelectableByKeyboard));
+}
+
+void SmallWidgetsTest::anEmptyStateShowsItsTextsAndButton()
+{
+    EmptyState state(u"magnifyingglass"_s, u"0 résultat"_s, u"Rien ne convient."_s);
+    auto* button = new QPushButton(u"Effacer"_s);
+    state.setButton(button);
+    state.resize(800, 600);
+    state.show();
+    QCoreApplication::processEvents();
+
+    QStringList texts;
+    for (const auto* label : state.findChildren<QLabel*>())
+        texts << label->text();
+    QCOMPARE(texts, QStringList({u"0 résultat"_s, u"Rien ne convient."_s}));
+    QCOMPARE(button->parentWidget(), &state);
+    const int middle = button->mapTo(&state, button->rect().center()).x();
+    QVERIFY(qAbs(middle - 400) <= 1);
+}
+
+void SmallWidgetsTest::aSpinnerIsAProgressBarOfUnknownLength()
+{
+    Spinner spinner;
+
+    QCOMPARE(spinner.sizeHint(), QSize(30, 30));
+    QCOMPARE(spokenRole(&spinner), QAccessible::ProgressBar);
+    QCOMPARE(spinner.minimum(), spinner.maximum());
+}
+
+REELHOUSE_TEST(SmallWidgetsTest)
+
+#include "SmallWidgetsTest.moc"
