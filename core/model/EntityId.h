@@ -18,7 +18,7 @@ struct EntityId {
     qint64 value = 0;
 
     explicit operator bool() const { return value != 0; }
-    auto operator<=>(const EntityId&) const = default;
+    auto operator<=>(const EntityId&) const = default; // NOLINT(modernize-use-nullptr): misread
     friend size_t qHash(EntityId id, size_t seed = 0) { return ::qHash(id.value, seed); }
 };
 

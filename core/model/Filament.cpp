@@ -162,9 +162,17 @@ void Filament::setReference(ReferenceKind kind, FilamentContainer* container)
 {
     if (reference(kind) == container)
         return;
+    Q_ASSERT(!context() || !isRemoved());
+    Q_ASSERT(!context() || isFitReference(container));
     willChange(*this);
     unlink(kind);
     link(kind, container);
+}
+
+/// Else its identity could not be saved.
+bool Filament::isFitReference(const FilamentContainer* container) const
+{
+    return !container || (container->context() == context() && !container->isRemoved());
 }
 
 void Filament::link(ReferenceKind kind, FilamentContainer* container)

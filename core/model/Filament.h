@@ -95,6 +95,7 @@ private:
     friend StoreContext;
 
     void setReference(ReferenceKind kind, FilamentContainer* container);
+    bool isFitReference(const FilamentContainer* container) const;
     void link(ReferenceKind kind, FilamentContainer* container);
     void unlink(ReferenceKind kind);
     template <class Value>

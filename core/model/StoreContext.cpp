@@ -25,7 +25,11 @@ StoreContext::~StoreContext() = default;
 template <class T>
 T& StoreContext::insert(std::unique_ptr<T> entity)
 {
+    Q_ASSERT(!entity->context());
     T& inserted = shelf<T>().table.insert(*this, std::move(entity));
+    if constexpr (std::is_same_v<T, Filament>)
+        Q_ASSERT(std::ranges::all_of(inserted.m_references,
+            [&](const auto* entry) { return inserted.isFitReference(entry); }));
     willAppear(inserted);
     return inserted;
 }
@@ -33,6 +37,7 @@ T& StoreContext::insert(std::unique_ptr<T> entity)
 template <class T>
 void StoreContext::remove(T& entity)
 {
+    Q_ASSERT(entity.context() == this);
     if (entity.isRemoved())
         return;
     willChange(entity);
@@ -166,12 +171,12 @@ void StoreContext::clearHistory()
         forget(action);
 }
 
-void StoreContext::replay(const Action& action, Direction direction)
+void StoreContext::replay(Action& action, Direction direction)
 {
     // What others refer to comes back first and goes last.
     forEach(action.changes, [&](const auto& changes) { putBack(changes, direction); });
     takeOut(std::get<std::vector<Change<Filament>>>(action.changes), direction);
-    forEach(action.changes, [&](const auto& changes) { takeOut(changes, direction); });
+    forEach(action.changes, [&](auto& changes) { takeOut(changes, direction); });
 }
 
 template <class T>
@@ -180,24 +185,26 @@ void StoreContext::putBack(const std::vector<Change<T>>& changes, Direction dire
     for (const Change<T>& change : changes) {
         const auto& from = direction == Direction::Back ? change.after : change.before;
         const auto& to = direction == Direction::Back ? change.before : change.after;
-        if (!to)
+        // What was only edited, and then removed by no action, stays away.
+        if (!to || bool(from) == change.entity->isRemoved())
             continue;
-        if (change.entity->isRemoved()) {
+        if (!from)
             restore(*change.entity);
-            change.entity->apply(change.entity->values(), *to);
-        } else if (from) {
-            change.entity->apply(*from, *to);
-        }
+        change.entity->apply(from ? *from : change.entity->values(), *to);
     }
 }
 
 template <class T>
-void StoreContext::takeOut(const std::vector<Change<T>>& changes, Direction direction)
+void StoreContext::takeOut(std::vector<Change<T>>& changes, Direction direction)
 {
-    for (const Change<T>& change : changes) {
+    for (Change<T>& change : changes) {
+        const auto& from = direction == Direction::Back ? change.after : change.before;
         const auto& to = direction == Direction::Back ? change.before : change.after;
-        if (!to)
-            remove(*change.entity);
+        if (to || change.entity->isRemoved())
+            continue;
+        // It comes back as it goes, with what was changed by no action.
+        *from = change.entity->values();
+        remove(*change.entity);
     }
 }
 
@@ -211,7 +218,7 @@ std::optional<StoreError> StoreContext::save()
 {
     Q_ASSERT(m_performDepth == 0);
     deliver();
-    const auto error = commit();
+    auto error = commit();
     sweep();
     return error;
 }
@@ -265,7 +272,8 @@ void StoreContext::sweep()
 {
     forEach(m_shelves, [](auto& shelf) {
         shelf.table.sweep([&shelf](const auto& entity) {
-            return entity.m_historyUses > 0 || shelf.sinceCommit.isNoted(entity);
+            return entity.m_historyUses > 0 || shelf.sinceCommit.isNoted(entity)
+                || shelf.sinceActionBegan.isNoted(entity);
         });
     });
 }

@@ -126,11 +126,11 @@ private:
     template <class T>
     void putBack(const std::vector<Change<T>>& changes, Direction direction);
     template <class T>
-    void takeOut(const std::vector<Change<T>>& changes, Direction direction);
+    void takeOut(std::vector<Change<T>>& changes, Direction direction);
 
     void noteChange();
     void finishAction(const QString& name);
-    void replay(const Action& action, Direction direction);
+    void replay(Action& action, Direction direction);
     void forget(const Action& action);
     void deliver();
     std::optional<StoreError> commit();
