@@ -1,0 +1,610 @@
+#include "core/model/StoreContext.h"
+#include "tests/support/RecordingStore.h"
+#include "tests/support/TestMain.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+
+#include <random>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+using Edit = std::function<void(StoreContext&)>;
+
+class UndoTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void everyKindOfChangeIsUndoneAndDoneAgain_data();
+    void everyKindOfChangeIsUndoneAndDoneAgain();
+    void sameObjectsComeBack();
+    void historyTellsTheNamesOfItsActions();
+    void actionThatChangesNothingLeavesNoTrace();
+    void newActionForgetsWhatWasUndone();
+    void innerActionJoinsTheOuterOne();
+    void changesOutsideAnActionAreNotUndone();
+    void undoLeavesFieldsAloneThatItsActionDidNotChange();
+    void removalOutsideAnActionStands();
+    void insertionDoneAgainKeepsWhatWasChangedSince();
+    void undoIsAnnouncedAndSavedLikeAnyEdit();
+    void savingForgetsNoAction();
+    void hundredActionsAreKept();
+    void clearedHistoryUndoesNothing();
+    void undoneAllGivesTheFirstStockAndDoneAllTheLast_data();
+    void undoneAllGivesTheFirstStockAndDoneAllTheLast();
+};
+
+namespace {
+
+template <class T>
+void describe(QStringList& lines, StoreContext& context)
+{
+    for (const auto& entry : context.fetchAll<T>()) {
+        QList<qint64> filaments;
+        for (const Filament* filament : entry->filaments())
+            filaments += filament->id().value;
+        std::ranges::sort(filaments);
+        QString line = QString::number(entry->id().value) + u' ' + entry->name() + u':';
+        if constexpr (std::is_same_v<T, FilamentType>)
+            line += entry->iconName() + u':';
+        for (const qint64 filament : filaments)
+            line += u' ' + QString::number(filament);
+        lines += line;
+    }
+    lines += u"--"_s;
+}
+
+/// Everything that there is to know about a stock, in order.
+QStringList picture(StoreContext& context)
+{
+    QStringList lines;
+    describe<FilamentType>(lines, context);
+    describe<Brand>(lines, context);
+    describe<FilamentRange>(lines, context);
+    describe<Location>(lines, context);
+    for (const auto& filament : context.fetchAll<Filament>()) {
+        const Filament::Values values = filament->values();
+        QString line = QString::number(filament->id().value);
+        for (const qint64 number :
+            {values.spoolsCount, values.openedSpoolsCount, values.dateAddedMs, values.references[0],
+                values.references[1], values.references[2], values.references[3]})
+            line += u' ' + QString::number(number);
+        lines += line + u'|' + values.colorHex + u'|' + values.colorName + u'|' + values.notes;
+    }
+    return lines;
+}
+
+Filament& insertFilament(StoreContext& context, FilamentType* type = nullptr,
+    Brand* brand = nullptr, FilamentRange* range = nullptr, Location* location = nullptr)
+{
+    return context.insert(std::make_unique<Filament>(
+        type, brand, range, location, 2, 1, u"#E53935"_s, u"Rouge"_s, u"note"_s));
+}
+
+/// Two entries of each list and three filaments, of which the first two use the first entries.
+struct Fixture {
+    tests::RecordingStore store;
+    StoreContext context{store};
+
+    Fixture()
+    {
+        for (const QString& name : {u"Un"_s, u"Deux"_s}) {
+            context.insert(std::make_unique<FilamentType>(name));
+            context.insert(std::make_unique<Brand>(name));
+            context.insert(std::make_unique<FilamentRange>(name));
+            context.insert(std::make_unique<Location>(name));
+        }
+        for (int count = 0; count < 2; ++count)
+            insertFilament(context, context.find(FilamentTypeId{1}), context.find(BrandId{1}),
+                context.find(FilamentRangeId{1}), context.find(LocationId{1}));
+        insertFilament(context);
+        context.save();
+        store.commits.clear();
+    }
+
+    Filament& filament(qint64 id) { return *context.find(FilamentId{id}); }
+    Brand& brand(qint64 id) { return *context.find(BrandId{id}); }
+};
+
+} // namespace
+
+void UndoTest::everyKindOfChangeIsUndoneAndDoneAgain_data()
+{
+    QTest::addColumn<Edit>("edit");
+
+    const auto onFirst = [](void (*change)(Filament&)) {
+        return Edit([change](StoreContext& c) { change(*c.find(FilamentId{1})); });
+    };
+    QTest::newRow("spools") << onFirst([](Filament& f) { f.setSpoolsCount(9); });
+    QTest::newRow("opened") << onFirst([](Filament& f) { f.setOpenedSpoolsCount(0); });
+    QTest::newRow("colour code") << onFirst([](Filament& f) { f.setColorHex(u"#000000"_s); });
+    QTest::newRow("colour name") << onFirst([](Filament& f) { f.setColorName(u"Noir"_s); });
+    QTest::newRow("notes") << onFirst([](Filament& f) { f.setNotes(u"neuf"_s); });
+    QTest::newRow("date") << onFirst(
+        [](Filament& f) { f.setDateAdded(QDateTime::fromMSecsSinceEpoch(5, Qt::UTC)); });
+    QTest::newRow("type none") << onFirst([](Filament& f) { f.setType(nullptr); });
+    QTest::newRow("brand none") << onFirst([](Filament& f) { f.setBrand(nullptr); });
+    QTest::newRow("range none") << onFirst([](Filament& f) { f.setRange(nullptr); });
+    QTest::newRow("location none") << onFirst([](Filament& f) { f.setLocation(nullptr); });
+    QTest::newRow("another brand")
+        << Edit([](StoreContext& c) { c.find(FilamentId{1})->setBrand(c.find(BrandId{2})); });
+    QTest::newRow("all fields of one filament") << onFirst([](Filament& f) {
+        f.setSpoolsCount(1);
+        f.setOpenedSpoolsCount(0);
+        f.setColorHex(QString());
+        f.setNotes(QString());
+        f.setType(nullptr);
+        f.setLocation(nullptr);
+    });
+    QTest::newRow("new filament") << Edit([](StoreContext& c) {
+        insertFilament(c, c.find(FilamentTypeId{1}), nullptr, nullptr, c.find(LocationId{2}));
+    });
+    QTest::newRow("filament removed")
+        << Edit([](StoreContext& c) { c.remove(*c.find(FilamentId{1})); });
+    QTest::newRow("filament edited and removed") << Edit([](StoreContext& c) {
+        c.find(FilamentId{2})->setNotes(u"à jeter"_s);
+        c.find(FilamentId{2})->setBrand(c.find(BrandId{2}));
+        c.remove(*c.find(FilamentId{2}));
+    });
+    QTest::newRow("type with filaments removed")
+        << Edit([](StoreContext& c) { c.remove(*c.find(FilamentTypeId{1})); });
+    QTest::newRow("brand with filaments removed")
+        << Edit([](StoreContext& c) { c.remove(*c.find(BrandId{1})); });
+    QTest::newRow("range with filaments removed")
+        << Edit([](StoreContext& c) { c.remove(*c.find(FilamentRangeId{1})); });
+    QTest::newRow("location with filaments removed")
+        << Edit([](StoreContext& c) { c.remove(*c.find(LocationId{1})); });
+    QTest::newRow("type renamed") << Edit([](StoreContext& c) {
+        c.find(FilamentTypeId{1})->setName(u"PETG"_s);
+        c.find(FilamentTypeId{1})->setIconName(u"leaf.fill"_s);
+    });
+    QTest::newRow("brand, range and location renamed") << Edit([](StoreContext& c) {
+        c.find(BrandId{1})->setName(u"Trois"_s);
+        c.find(FilamentRangeId{2})->setName(u"Quatre"_s);
+        c.find(LocationId{2})->setName(u"Cinq"_s);
+    });
+    QTest::newRow("new brand with a new filament, and an old one moved to it")
+        << Edit([](StoreContext& c) {
+               Brand& brand = c.insert(std::make_unique<Brand>(u"Neuve"_s));
+               insertFilament(c, nullptr, &brand);
+               c.find(FilamentId{1})->setBrand(&brand);
+           });
+    QTest::newRow("everything replaced") << Edit([](StoreContext& c) {
+        for (const qint64 id : {1, 2, 3})
+            c.remove(*c.find(FilamentId{id}));
+        for (const qint64 id : {1, 2}) {
+            c.remove(*c.find(FilamentTypeId{id}));
+            c.remove(*c.find(BrandId{id}));
+            c.remove(*c.find(FilamentRangeId{id}));
+            c.remove(*c.find(LocationId{id}));
+        }
+        insertFilament(c, &c.insert(std::make_unique<FilamentType>(u"Neuf"_s)));
+    });
+}
+
+void UndoTest::everyKindOfChangeIsUndoneAndDoneAgain()
+{
+    QFETCH(Edit, edit);
+    for (const bool savesBetween : {false, true}) {
+        Fixture fixture;
+        StoreContext& context = fixture.context;
+        const auto pause = [&] {
+            if (savesBetween)
+                context.save();
+        };
+        const QStringList before = picture(context);
+        context.perform(u"Modifier"_s, [&] { edit(context); });
+        const QStringList after = picture(context);
+        QVERIFY(after != before);
+
+        for (int round = 0; round < 2; ++round) {
+            pause();
+            context.undo();
+            QCOMPARE(picture(context), before);
+            pause();
+            context.redo();
+            QCOMPARE(picture(context), after);
+        }
+    }
+}
+
+void UndoTest::sameObjectsComeBack()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    Brand* brand = &fixture.brand(1);
+    Filament* filament = &fixture.filament(2);
+
+    context.perform(u"Supprimer"_s, [&] {
+        context.remove(*brand);
+        context.remove(*filament);
+    });
+    context.save();
+    QCOMPARE(context.find(BrandId{1}), nullptr);
+    context.undo();
+
+    QCOMPARE(context.find(BrandId{1}), brand);
+    QCOMPARE(context.find(FilamentId{2}), filament);
+    QCOMPARE(context.fetchAll<Filament>()[1].get(), filament);
+    QCOMPARE(filament->brand(), brand);
+    QCOMPARE(fixture.filament(1).brand(), brand);
+}
+
+void UndoTest::historyTellsTheNamesOfItsActions()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    QCOMPARE(context.undoActionName(), QString());
+    QCOMPARE(context.redoActionName(), QString());
+
+    context.perform(u"Ajouter une bobine"_s, [&] { fixture.filament(1).setSpoolsCount(3); });
+    context.perform(u"Retirer une bobine"_s, [&] { fixture.filament(1).setSpoolsCount(2); });
+    QCOMPARE(context.undoActionName(), u"Retirer une bobine"_s);
+    QCOMPARE(context.redoActionName(), QString());
+
+    context.undo();
+    QCOMPARE(context.undoActionName(), u"Ajouter une bobine"_s);
+    QCOMPARE(context.redoActionName(), u"Retirer une bobine"_s);
+
+    context.undo();
+    context.undo();
+    QCOMPARE(context.undoActionName(), QString());
+    QCOMPARE(context.redoActionName(), u"Ajouter une bobine"_s);
+
+    context.redo();
+    context.redo();
+    context.redo();
+    QCOMPARE(context.undoActionName(), u"Retirer une bobine"_s);
+    QCOMPARE(context.redoActionName(), QString());
+}
+
+void UndoTest::actionThatChangesNothingLeavesNoTrace()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+
+    context.perform(u"Rien"_s, [] {});
+    context.perform(u"Aller et retour"_s, [&] {
+        fixture.filament(1).setSpoolsCount(8);
+        fixture.filament(1).setSpoolsCount(2);
+        context.remove(context.insert(std::make_unique<Brand>(u"Éphémère"_s)));
+    });
+
+    QCOMPARE(context.undoActionName(), QString());
+}
+
+void UndoTest::newActionForgetsWhatWasUndone()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Ajouter"_s, [&] { context.insert(std::make_unique<Brand>(u"Neuve"_s)); });
+    context.undo();
+
+    context.perform(u"Rien"_s, [] {});
+    QCOMPARE(context.redoActionName(), u"Ajouter"_s);
+    context.perform(u"Modifier"_s, [&] { fixture.filament(1).setSpoolsCount(3); });
+    context.save();
+
+    QCOMPARE(context.redoActionName(), QString());
+    context.redo();
+    QCOMPARE(context.count<Brand>(), 2);
+}
+
+void UndoTest::innerActionJoinsTheOuterOne()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    const QStringList before = picture(context);
+
+    context.perform(u"Dehors"_s, [&] {
+        fixture.filament(1).setSpoolsCount(5);
+        context.perform(u"Dedans"_s, [&] { fixture.filament(2).setSpoolsCount(6); });
+        QCOMPARE(context.undoActionName(), QString());
+        fixture.filament(3).setSpoolsCount(7);
+    });
+
+    QCOMPARE(context.undoActionName(), u"Dehors"_s);
+    context.undo();
+    QCOMPARE(picture(context), before);
+    QCOMPARE(context.undoActionName(), QString());
+}
+
+void UndoTest::changesOutsideAnActionAreNotUndone()
+{
+    Fixture fixture;
+    fixture.filament(1).setSpoolsCount(5);
+
+    QCOMPARE(fixture.context.undoActionName(), QString());
+    fixture.context.undo();
+
+    QCOMPARE(fixture.filament(1).spoolsCount(), 5);
+}
+
+void UndoTest::undoLeavesFieldsAloneThatItsActionDidNotChange()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Modifier"_s, [&] {
+        fixture.filament(1).setSpoolsCount(5);
+        fixture.filament(1).setBrand(&fixture.brand(2));
+    });
+    fixture.filament(1).setNotes(u"depuis"_s);
+    fixture.filament(1).setType(nullptr);
+
+    context.undo();
+    QCOMPARE(fixture.filament(1).spoolsCount(), 2);
+    QCOMPARE(fixture.filament(1).brand(), &fixture.brand(1));
+    QCOMPARE(fixture.filament(1).notes(), u"depuis"_s);
+    QCOMPARE(fixture.filament(1).type(), nullptr);
+
+    fixture.filament(1).setNotes(u"encore"_s);
+    context.redo();
+    QCOMPARE(fixture.filament(1).spoolsCount(), 5);
+    QCOMPARE(fixture.filament(1).brand(), &fixture.brand(2));
+    QCOMPARE(fixture.filament(1).notes(), u"encore"_s);
+    QCOMPARE(fixture.filament(1).type(), nullptr);
+}
+
+void UndoTest::removalOutsideAnActionStands()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Modifier"_s, [&] {
+        fixture.filament(1).setSpoolsCount(5);
+        fixture.filament(1).setBrand(&fixture.brand(2));
+        fixture.filament(2).setBrand(&fixture.brand(2));
+    });
+    context.remove(fixture.filament(1));
+    context.remove(fixture.brand(1));
+    context.save();
+
+    context.undo();
+    QCOMPARE(context.find(FilamentId{1}), nullptr);
+    QCOMPARE(fixture.filament(2).brand(), nullptr);
+    context.redo();
+    QCOMPARE(context.count<Filament>(), 2);
+    QCOMPARE(fixture.filament(2).brand(), &fixture.brand(2));
+}
+
+void UndoTest::insertionDoneAgainKeepsWhatWasChangedSince()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Ajouter"_s, [&] { insertFilament(context, nullptr, &fixture.brand(1)); });
+    fixture.filament(4).setNotes(u"depuis"_s);
+    fixture.filament(4).setBrand(&fixture.brand(2));
+    const QStringList after = picture(context);
+
+    context.undo();
+    context.save();
+    context.redo();
+
+    QCOMPARE(picture(context), after);
+}
+
+void UndoTest::undoIsAnnouncedAndSavedLikeAnyEdit()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Supprimer"_s, [&] { context.remove(fixture.brand(1)); });
+    context.save();
+    fixture.store.commits.clear();
+    const QSignalSpy changed(&context, &StoreContext::changed);
+
+    context.undo();
+    QVERIFY(context.hasUnsavedChanges());
+    QCoreApplication::processEvents();
+
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(fixture.store.commits,
+        (QList<QStringList>{{u"+Brand 1"_s, u"~Filament 1"_s, u"~Filament 2"_s}}));
+
+    context.redo();
+    context.undo();
+    context.save();
+    QCOMPARE(fixture.store.commits.size(), 1);
+}
+
+void UndoTest::savingForgetsNoAction()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    const QStringList before = picture(context);
+    context.perform(u"Un"_s, [&] { fixture.filament(1).setSpoolsCount(5); });
+    context.save();
+    context.perform(u"Deux"_s, [&] { context.remove(fixture.filament(1)); });
+    context.save();
+    context.save();
+
+    context.undo();
+    context.save();
+    context.undo();
+
+    QCOMPARE(picture(context), before);
+}
+
+void UndoTest::hundredActionsAreKept()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    for (qint64 count = 1; count <= 103; ++count) {
+        context.perform(QString::number(count), [&] {
+            fixture.filament(1).setSpoolsCount(1000 + count);
+            insertFilament(context);
+        });
+        context.save();
+    }
+
+    int undone = 0;
+    while (!context.undoActionName().isEmpty()) {
+        context.undo();
+        ++undone;
+    }
+
+    QCOMPARE(undone, 100);
+    QCOMPARE(fixture.filament(1).spoolsCount(), 1003);
+    QCOMPARE(context.count<Filament>(), 6);
+}
+
+void UndoTest::clearedHistoryUndoesNothing()
+{
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    context.perform(u"Supprimer"_s, [&] { context.remove(fixture.filament(1)); });
+    context.perform(u"Modifier"_s, [&] { fixture.filament(2).setSpoolsCount(5); });
+    context.undo();
+
+    context.clearHistory();
+    context.save();
+
+    QCOMPARE(context.undoActionName(), QString());
+    QCOMPARE(context.redoActionName(), QString());
+    context.undo();
+    context.redo();
+    QCOMPARE(context.count<Filament>(), 2);
+    QCOMPARE(fixture.filament(2).spoolsCount(), 2);
+}
+
+namespace {
+
+/// Edits at random whatever it finds.
+class Meddler final {
+public:
+    Meddler(StoreContext& context, quint32 seed)
+        : m_context(context)
+        , m_random(seed)
+    {
+    }
+
+    void meddle()
+    {
+        switch (below(10)) {
+        case 0:
+            m_context.insert(std::make_unique<FilamentType>(word()));
+            break;
+        case 1:
+            m_context.insert(std::make_unique<Brand>(word()));
+            break;
+        case 2:
+        case 3:
+            insertFilament(m_context, any<FilamentType>(), any<Brand>(), any<FilamentRange>(),
+                any<Location>());
+            break;
+        case 4:
+            if (Filament* filament = any<Filament>())
+                m_context.remove(*filament);
+            break;
+        case 5:
+            if (FilamentType* type = below(2) == 0 ? any<FilamentType>() : nullptr)
+                m_context.remove(*type);
+            else if (Brand* brand = any<Brand>())
+                m_context.remove(*brand);
+            break;
+        case 6:
+            if (Location* location = any<Location>())
+                location->setName(word());
+            break;
+        default:
+            if (Filament* filament = any<Filament>())
+                edit(*filament);
+            break;
+        }
+    }
+
+    size_t below(size_t limit) { return size_t(m_random() % limit); }
+
+private:
+    void edit(Filament& filament)
+    {
+        switch (below(5)) {
+        case 0:
+            filament.setSpoolsCount(qint64(below(5)));
+            break;
+        case 1:
+            filament.setNotes(word());
+            break;
+        case 2:
+            filament.setType(any<FilamentType>());
+            break;
+        case 3:
+            filament.setBrand(any<Brand>());
+            break;
+        default:
+            filament.setRange(any<FilamentRange>());
+            break;
+        }
+    }
+
+    template <class T>
+    T* any()
+    {
+        const auto all = m_context.fetchAll<T>();
+        return all.empty() || below(5) == 0 ? nullptr : all[below(all.size())].get();
+    }
+
+    QString word() { return QString::number(below(10)); }
+
+    StoreContext& m_context;
+    std::mt19937 m_random;
+};
+
+} // namespace
+
+void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast_data()
+{
+    QTest::addColumn<quint32>("seed");
+
+    for (quint32 seed = 1; seed <= 30; ++seed)
+        QTest::addRow("seed %u", seed) << seed;
+}
+
+void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast()
+{
+    QFETCH(quint32, seed);
+    Fixture fixture;
+    StoreContext& context = fixture.context;
+    Meddler meddler(context, seed);
+    QList<QStringList> pictures{picture(context)};
+    const auto pause = [&] {
+        if (meddler.below(3) == 0)
+            context.save();
+    };
+
+    while (pictures.size() < 80) {
+        const QStringList last = pictures.last();
+        context.perform(u"Hasard"_s, [&] {
+            for (size_t step = meddler.below(6) + 1; step > 0; --step)
+                meddler.meddle();
+        });
+        pause();
+        if (picture(context) != last)
+            pictures += picture(context);
+        // Now and then one step back and forth.
+        if (pictures.size() > 1 && meddler.below(4) == 0) {
+            context.undo();
+            pause();
+            QCOMPARE(picture(context), pictures[pictures.size() - 2]);
+            context.redo();
+            QCOMPARE(picture(context), pictures.last());
+        }
+    }
+
+    for (qsizetype step = pictures.size() - 1; step > 0; --step) {
+        QCOMPARE(picture(context), pictures[step]);
+        context.undo();
+        pause();
+    }
+    QCOMPARE(picture(context), pictures.first());
+    QCOMPARE(context.undoActionName(), QString());
+    for (qsizetype step = 1; step < pictures.size(); ++step) {
+        context.redo();
+        pause();
+        QCOMPARE(picture(context), pictures[step]);
+    }
+    QCOMPARE(context.redoActionName(), QString());
+}
+
+REELHOUSE_TEST(UndoTest)
+
+#include "UndoTest.moc"
