@@ -3,7 +3,6 @@
 #include <QtCore/QDateTime>
 #include <QtCore/QFileInfo>
 #include <QtCore/QSettings>
-#include <QtCore/QStringDecoder>
 
 #include <algorithm>
 #include <fcntl.h>

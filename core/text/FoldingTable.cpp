@@ -2,6 +2,8 @@
 
 #include "core/text/Folding.h"
 
+#include <QtCore/QList>
+
 namespace reelhouse {
 
 namespace {

@@ -39,8 +39,9 @@ std::vector<quint32> nameRanks(const std::vector<QString>& names)
 
     std::vector<quint32> order(names.size());
     std::iota(order.begin(), order.end(), 0);
-    std::ranges::sort(order,
-        [&](quint32 left, quint32 right) { return compareComposed(keys[left], keys[right]) < 0; });
+    std::ranges::sort(order, [&](quint32 left, quint32 right) {
+        return std::is_lt(compareComposed(keys[left], keys[right]));
+    });
 
     std::vector<quint32> ranks(names.size());
     quint32 rank = 0;

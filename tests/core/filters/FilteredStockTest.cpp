@@ -303,11 +303,11 @@ void FilteredStockTest::randomStocksAgreeWithThePlainRule()
             = [](const FilamentContainer* entry) { return entry ? entry->name() : QString(); };
         std::ranges::stable_sort(expected, [&](const Filament* left, const Filament* right) {
             const auto byType = compareByCodePoints(nameOf(left->type()), nameOf(right->type()));
-            if (byType != 0)
-                return byType < 0;
-            return compareByCodePoints(nameOf(left->brand()), nameOf(right->brand())) < 0;
+            const auto byBrand = compareByCodePoints(nameOf(left->brand()), nameOf(right->brand()));
+            return std::is_lt(std::is_eq(byType) ? byBrand : byType);
         });
         std::vector<FilamentId> expectedIds;
+        expectedIds.reserve(expected.size());
         for (const Filament* filament : expected)
             expectedIds.push_back(filament->id());
         QCOMPARE(filteredStock(stock.context, selection), expectedIds);

@@ -555,7 +555,7 @@ void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast_data()
 {
     QTest::addColumn<quint32>("seed");
 
-    for (quint32 seed = 1; seed <= 30; ++seed)
+    for (quint32 seed = 1; seed <= 15; ++seed)
         QTest::addRow("seed %u", seed) << seed;
 }
 
@@ -571,7 +571,7 @@ void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast()
             context.save();
     };
 
-    while (pictures.size() < 80) {
+    while (pictures.size() < 60) {
         const QStringList last = pictures.last();
         context.perform(u"Hasard"_s, [&] {
             for (size_t step = meddler.below(6) + 1; step > 0; --step)

@@ -46,7 +46,9 @@ void NameOrderTest::codePointsDecideTheOrder()
     QFETCH(QString, right);
     QFETCH(int, expected);
 
-    const auto sign = [](std::strong_ordering order) { return order < 0 ? -1 : int(order > 0); };
+    const auto sign = [](std::strong_ordering order) {
+        return int(std::is_gt(order)) - int(std::is_lt(order));
+    };
     QCOMPARE(sign(compareByCodePoints(left, right)), expected);
     QCOMPARE(sign(compareByCodePoints(right, left)), -expected);
 }
