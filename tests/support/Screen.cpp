@@ -1,7 +1,11 @@
 #include "tests/support/Screen.h"
 
+#include <QtCore/QDeadlineTimer>
+
 #include <cstdlib>
+#include <cstring>
 #include <memory>
+#include <thread>
 #include <xcb/xtest.h>
 
 namespace reelhouse::tests {
@@ -19,6 +23,25 @@ std::unique_ptr<Reply, Free> owned(Reply* reply)
 }
 
 constexpr uint8_t leftButton = 1;
+constexpr int caretPixels = 100; // A blinking text caret is not movement.
+
+bool isSame(const QImage& before, const QImage& after)
+{
+    int different = 0;
+    for (int y = 0; y < after.height(); ++y) {
+        for (int x = 0; x < after.width(); ++x)
+            different += before.pixel(x, y) != after.pixel(x, y) ? 1 : 0;
+    }
+    return different <= caretPixels;
+}
+
+pid_t processOf(const QByteArray& property)
+{
+    uint32_t processId = 0;
+    if (property.size() == sizeof processId)
+        std::memcpy(&processId, property.constData(), sizeof processId);
+    return static_cast<pid_t>(processId);
+}
 
 } // namespace
 
@@ -28,11 +51,9 @@ Screen::Screen(const QByteArray& display)
     if (!isConnected())
         return;
     m_screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
-    const QByteArray name = "_NET_WM_NAME";
-    const auto atom = owned(xcb_intern_atom_reply(
-        m_connection, xcb_intern_atom(m_connection, 0, name.size(), name.constData()), nullptr));
-    if (atom)
-        m_titleAtom = atom->atom;
+    m_titleAtom = atom("_NET_WM_NAME");
+    m_processAtom = atom("_NET_WM_PID");
+    m_managerAtom = atom("_NET_SUPPORTING_WM_CHECK");
 }
 
 Screen::~Screen()
@@ -43,6 +64,11 @@ Screen::~Screen()
 bool Screen::isConnected() const
 {
     return xcb_connection_has_error(m_connection) == 0;
+}
+
+bool Screen::hasWindowManager() const
+{
+    return !property(m_screen->root, m_managerAtom).isEmpty();
 }
 
 QRect Screen::area() const
@@ -57,11 +83,11 @@ QList<Screen::Window> Screen::windows() const
     return found;
 }
 
-std::optional<Screen::Window> Screen::find(const QString& title) const
+std::optional<Screen::Window> Screen::find(const QString& title, pid_t processId) const
 {
     const QList<Window> all = windows();
     for (auto window = all.crbegin(); window != all.crend(); ++window) {
-        if (window->title == title)
+        if (window->title == title && (processId == 0 || window->processId == processId))
             return *window;
     }
     return std::nullopt;
@@ -79,6 +105,23 @@ QImage Screen::picture(const QRect& area) const
     return QImage(
         xcb_get_image_data(image.get()), area.width(), area.height(), QImage::Format_RGB32)
         .copy();
+}
+
+bool Screen::waitForRest(const QRect& area, std::chrono::milliseconds rest) const
+{
+    constexpr std::chrono::milliseconds step(50);
+    const QDeadlineTimer deadline(std::chrono::minutes(1));
+    QImage before = picture(area);
+    for (std::chrono::milliseconds rested(0); rested < rest; rested += step) {
+        if (deadline.hasExpired())
+            return false;
+        std::this_thread::sleep_for(step);
+        QImage now = picture(area);
+        if (now.isNull() || !isSame(before, now))
+            rested = -step;
+        before = std::move(now);
+    }
+    return true;
 }
 
 void Screen::movePointer(const QPoint& position)
@@ -105,7 +148,7 @@ void Screen::collect(xcb_window_t parent, QList<Window>& found) const
             m_connection, xcb_get_window_attributes(m_connection, child), nullptr));
         if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        const QString name = title(child);
+        const QByteArray name = property(child, m_titleAtom);
         if (name.isEmpty()) {
             collect(child, found); // A window manager's frame has the window inside.
             continue;
@@ -115,18 +158,27 @@ void Screen::collect(xcb_window_t parent, QList<Window>& found) const
         const auto corner = owned(xcb_translate_coordinates_reply(m_connection,
             xcb_translate_coordinates(m_connection, child, m_screen->root, 0, 0), nullptr));
         if (size && corner)
-            found.append({child, name, {corner->dst_x, corner->dst_y, size->width, size->height}});
+            found.append({child, processOf(property(child, m_processAtom)), QString::fromUtf8(name),
+                {corner->dst_x, corner->dst_y, size->width, size->height}});
     }
 }
 
-QString Screen::title(xcb_window_t window) const
+xcb_atom_t Screen::atom(const QByteArray& name) const
 {
-    const auto property = owned(xcb_get_property_reply(m_connection,
-        xcb_get_property(m_connection, 0, window, m_titleAtom, XCB_ATOM_ANY, 0, 256), nullptr));
-    if (!property)
+    const auto length = static_cast<uint16_t>(name.size());
+    const auto reply = owned(xcb_intern_atom_reply(
+        m_connection, xcb_intern_atom(m_connection, 0, length, name.constData()), nullptr));
+    return reply ? reply->atom : xcb_atom_t(XCB_ATOM_NONE);
+}
+
+QByteArray Screen::property(xcb_window_t window, xcb_atom_t name) const
+{
+    const auto reply = owned(xcb_get_property_reply(m_connection,
+        xcb_get_property(m_connection, 0, window, name, XCB_ATOM_ANY, 0, 256), nullptr));
+    if (!reply)
         return {};
-    return QString::fromUtf8(static_cast<const char*>(xcb_get_property_value(property.get())),
-        xcb_get_property_value_length(property.get()));
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+        xcb_get_property_value_length(reply.get())};
 }
 
 void Screen::fake(uint8_t type, uint8_t detail, const QPoint& position)

@@ -6,7 +6,9 @@
 #include <QtCore/QString>
 #include <QtGui/QImage>
 
+#include <chrono>
 #include <optional>
+#include <sys/types.h>
 #include <xcb/xcb.h>
 
 namespace reelhouse::tests {
@@ -17,6 +19,7 @@ class Screen final {
 public:
     struct Window {
         xcb_window_t id;
+        pid_t processId; ///< Of its program; 0 when the window does not say.
         QString title;
         QRect area; ///< Of the window's content, without the window manager's frame.
     };
@@ -28,14 +31,18 @@ public:
     Screen& operator=(const Screen&) = delete;
 
     bool isConnected() const;
+    bool hasWindowManager() const;
     QRect area() const;
 
     /// Every visible window that has a title, from the lowest to the topmost.
     QList<Window> windows() const;
-    /// The topmost visible window with this title.
-    std::optional<Window> find(const QString& title) const;
+    /// The topmost visible window with this title; of this program, unless `processId` is 0.
+    std::optional<Window> find(const QString& title, pid_t processId = 0) const;
     /// Null where `area` leaves the screen.
     QImage picture(const QRect& area) const;
+    /// Waits until nothing but a text caret has moved in `area` for `rest`; false after a minute.
+    bool waitForRest(
+        const QRect& area, std::chrono::milliseconds rest = std::chrono::milliseconds(700)) const;
 
     void movePointer(const QPoint& position);
     /// Presses and releases the left button where the pointer is.
@@ -43,12 +50,15 @@ public:
 
 private:
     void collect(xcb_window_t parent, QList<Window>& found) const;
-    QString title(xcb_window_t window) const;
+    xcb_atom_t atom(const QByteArray& name) const;
+    QByteArray property(xcb_window_t window, xcb_atom_t name) const;
     void fake(uint8_t type, uint8_t detail, const QPoint& position);
 
     xcb_connection_t* m_connection;
     const xcb_screen_t* m_screen = nullptr;
     xcb_atom_t m_titleAtom = XCB_ATOM_NONE;
+    xcb_atom_t m_processAtom = XCB_ATOM_NONE;
+    xcb_atom_t m_managerAtom = XCB_ATOM_NONE;
 };
 
 } // namespace reelhouse::tests

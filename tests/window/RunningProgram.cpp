@@ -1,0 +1,70 @@
+#include "tests/window/RunningProgram.h"
+
+#include "tests/support/Waiting.h"
+#include "tests/window/TestHome.h"
+#include "tests/window/VirtualDesktop.h"
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse::tests {
+
+RunningProgram::RunningProgram(const TestHome& home, VirtualDesktop& desktop)
+    : m_desktop(desktop)
+{
+    m_process.setProcessEnvironment(home.environment(desktop.display()));
+    m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.start(QStringLiteral(SPOOLWRIGHT_PROGRAM), QStringList());
+    if (!m_process.waitForStarted())
+        qFatal("The program does not start.");
+}
+
+RunningProgram::~RunningProgram()
+{
+    if (isRunning()) {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+}
+
+bool RunningProgram::isRunning()
+{
+    m_process.waitForFinished(0); // Notices the end without an event loop.
+    return m_process.state() != QProcess::NotRunning;
+}
+
+pid_t RunningProgram::processId() const
+{
+    return static_cast<pid_t>(m_process.processId());
+}
+
+std::optional<Screen::Window> RunningProgram::waitForWindow()
+{
+    Screen& screen = m_desktop.screen();
+    const auto ownWindow = [this, &screen] { return screen.find(u"Spoolwright"_s, processId()); };
+    if (!waitUntil([&] { return ownWindow().has_value(); })
+        || !screen.waitForRest(ownWindow()->area))
+        return std::nullopt;
+    return ownWindow();
+}
+
+int RunningProgram::waitForEnd()
+{
+    const bool ended = m_process.state() == QProcess::NotRunning || m_process.waitForFinished();
+    return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+int RunningProgram::endWith(int signal)
+{
+    kill(processId(), signal);
+    return waitForEnd();
+}
+
+QByteArray RunningProgram::output()
+{
+    m_output += m_process.readAll();
+    return m_output;
+}
+
+} // namespace reelhouse::tests

@@ -1,0 +1,212 @@
+#include "tests/support/TestMain.h"
+#include "tests/support/Waiting.h"
+#include "tests/window/RunningProgram.h"
+#include "tests/window/TestHome.h"
+#include "tests/window/VirtualDesktop.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtTest/QTest>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse::tests {
+
+/// How the real program starts and ends.
+class StartTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void aFirstStartShowsTheWindowAndKeepsTheSampleStock();
+    void theWindowHasItsSavedSizeInTheMiddleOfTheScreen_data();
+    void theWindowHasItsSavedSizeInTheMiddleOfTheScreen();
+    void theSizeIsNotRestoredWhenTheUserDoesNotWantIt();
+    void aSignalEndsItAndKeepsTheSize_data();
+    void aSignalEndsItAndKeepsTheSize();
+    void aSignalWhileItStartsEndsItToo();
+    void theSizeStaysFromRunToRun();
+    void afterAKillItStartsAsAlways();
+    void anUnusableStoreIsLeftAlone();
+};
+
+void StartTest::initTestCase()
+{
+    if (!VirtualDesktop::isPossible())
+        QSKIP("Xvfb is not installed: scripts/setup installs it.");
+}
+
+void StartTest::aFirstStartShowsTheWindowAndKeepsTheSampleStock()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    RunningProgram program(home, desktop);
+
+    const auto window = program.waitForWindow();
+    QVERIFY(window.has_value());
+    QCOMPARE(window->area, QRect(50, 75, 1300, 850));
+    QCOMPARE(program.endWith(SIGTERM), 0);
+
+    const auto spools = home.spoolsInStore();
+    QVERIFY(spools.has_value());
+    QCOMPARE(spools->size(), 8);
+    QCOMPARE(home.preference(u"didSeedSampleData"_s), u"true"_s);
+    QCOMPARE(program.output(), QByteArray());
+}
+
+void StartTest::theWindowHasItsSavedSizeInTheMiddleOfTheScreen_data()
+{
+    QTest::addColumn<QSize>("screen");
+    QTest::addColumn<QString>("width");
+    QTest::addColumn<QString>("height");
+    QTest::addColumn<QRect>("expected");
+
+    const QSize large(1400, 1000);
+    QTest::newRow("saved") << large << u"1200"_s << u"900"_s << QRect(100, 50, 1200, 900);
+    QTest::newRow("larger than the screen")
+        << large << u"3000"_s << u"2000"_s << QRect(20, 20, 1360, 960);
+    QTest::newRow("a width without a height")
+        << large << u"1200"_s << QString() << QRect(50, 75, 1300, 850);
+    QTest::newRow("no number") << large << u"wide"_s << u"900"_s << QRect(50, 75, 1300, 850);
+    QTest::newRow("a small laptop")
+        << QSize(1366, 768) << QString() << QString() << QRect(33, 20, 1300, 728);
+}
+
+void StartTest::theWindowHasItsSavedSizeInTheMiddleOfTheScreen()
+{
+    QFETCH(QSize, screen);
+    QFETCH(QString, width);
+    QFETCH(QString, height);
+    QFETCH(QRect, expected);
+    VirtualDesktop desktop(screen);
+    const TestHome home;
+    QMap<QString, QString> preferences;
+    if (!width.isEmpty())
+        preferences.insert(u"windowWidth"_s, width);
+    if (!height.isEmpty())
+        preferences.insert(u"windowHeight"_s, height);
+    home.setPreferences(preferences);
+
+    RunningProgram program(home, desktop);
+    const auto window = program.waitForWindow();
+
+    QVERIFY(window.has_value());
+    QCOMPARE(window->area, expected);
+}
+
+void StartTest::theSizeIsNotRestoredWhenTheUserDoesNotWantIt()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    home.setPreferences({{u"rememberWindowState"_s, u"false"_s}, {u"windowWidth"_s, u"1200"_s},
+        {u"windowHeight"_s, u"900"_s}});
+    RunningProgram program(home, desktop);
+
+    const auto window = program.waitForWindow();
+    QVERIFY(window.has_value());
+    QCOMPARE(window->area.size(), QSize(1300, 850));
+    QCOMPARE(program.endWith(SIGTERM), 0);
+
+    QCOMPARE(home.preference(u"windowWidth"_s), u"1200"_s);
+    QCOMPARE(home.preference(u"windowHeight"_s), u"900"_s);
+}
+
+void StartTest::aSignalEndsItAndKeepsTheSize_data()
+{
+    QTest::addColumn<int>("signal");
+
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void StartTest::aSignalEndsItAndKeepsTheSize()
+{
+    QFETCH(int, signal);
+    VirtualDesktop desktop;
+    const TestHome home;
+    RunningProgram program(home, desktop);
+    QVERIFY(program.waitForWindow().has_value());
+
+    QCOMPARE(program.endWith(signal), 0);
+
+    QCOMPARE(home.preference(u"windowWidth"_s).toDouble(), 1300.0);
+    QCOMPARE(home.preference(u"windowHeight"_s).toDouble(), 850.0);
+    QVERIFY(!QFile::exists(home.storeFile() + u"-wal"_s));
+}
+
+void StartTest::aSignalWhileItStartsEndsItToo()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    RunningProgram program(home, desktop);
+    QVERIFY(waitUntil([&] { return desktop.screen().find(u"Spoolwright"_s).has_value(); }));
+
+    QCOMPARE(program.endWith(SIGTERM), 0);
+
+    const auto spools = home.spoolsInStore();
+    QVERIFY(spools.has_value());
+}
+
+void StartTest::theSizeStaysFromRunToRun()
+{
+    VirtualDesktop desktop;
+    QVERIFY(desktop.startWindowManager());
+    const TestHome home;
+    for (int run = 0; run < 3; ++run) {
+        RunningProgram program(home, desktop);
+        QVERIFY(program.waitForWindow().has_value());
+        QCOMPARE(program.endWith(SIGTERM), 0);
+
+        QCOMPARE(home.preference(u"windowWidth"_s).toDouble(), 1300.0);
+        QCOMPARE(home.preference(u"windowHeight"_s).toDouble(), 850.0);
+    }
+}
+
+void StartTest::afterAKillItStartsAsAlways()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    {
+        RunningProgram killed(home, desktop);
+        QVERIFY(killed.waitForWindow().has_value());
+        QCOMPARE(killed.endWith(SIGKILL), -1);
+    }
+
+    RunningProgram program(home, desktop);
+    QVERIFY(program.waitForWindow().has_value());
+    QCOMPARE(program.endWith(SIGTERM), 0);
+
+    const auto spools = home.spoolsInStore();
+    QVERIFY(spools.has_value());
+    QCOMPARE(spools->size(), 8);
+}
+
+void StartTest::anUnusableStoreIsLeftAlone()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    QVERIFY(QDir().mkpath(home.dataFolder()));
+    const QByteArray bytes = QByteArray("Not a database at all. ").repeated(300);
+    QFile file(home.storeFile());
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write(bytes);
+    file.close();
+
+    RunningProgram program(home, desktop);
+    QVERIFY(program.waitForWindow().has_value());
+    QCOMPARE(program.endWith(SIGTERM), 0);
+
+    QVERIFY(file.open(QFile::ReadOnly));
+    QCOMPARE(file.readAll(), bytes);
+    QCOMPARE(home.preference(u"didSeedSampleData"_s), QString());
+}
+
+} // namespace reelhouse::tests
+
+using reelhouse::tests::StartTest;
+REELHOUSE_TEST(StartTest)
+
+#include "StartTest.moc"

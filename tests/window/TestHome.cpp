@@ -1,0 +1,106 @@
+#include "tests/window/TestHome.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFile>
+#include <QtCore/QSettings>
+
+#include <SQLiteCpp/SQLiteCpp.h>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse::tests {
+
+TestHome::TestHome()
+{
+    const QString runtime = path(u"runtime"_s);
+    if (!m_folder.isValid() || !QDir().mkpath(runtime))
+        qFatal("No temporary folder.");
+    QFile::setPermissions(runtime, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+QProcessEnvironment TestHome::environment(const QString& display) const
+{
+    QProcessEnvironment environment;
+    const QProcessEnvironment system = QProcessEnvironment::systemEnvironment();
+    for (const QString& kept :
+        {u"PATH"_s, u"ASAN_OPTIONS"_s, u"LSAN_OPTIONS"_s, u"UBSAN_OPTIONS"_s}) {
+        if (system.contains(kept))
+            environment.insert(kept, system.value(kept));
+    }
+    environment.insert(u"HOME"_s, m_folder.path());
+    environment.insert(u"XDG_RUNTIME_DIR"_s, path(u"runtime"_s));
+    environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path="_s + path(u"no-bus"_s));
+    environment.insert(u"DISPLAY"_s, display);
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    environment.insert(u"TZ"_s, u"Europe/Paris"_s);
+    return environment;
+}
+
+QString TestHome::dataFolder() const
+{
+    return path(u"Documents/Spoolwright"_s);
+}
+
+QString TestHome::storeFile() const
+{
+    return dataFolder() + u"/Spoolwright.store"_s;
+}
+
+QString TestHome::preferencesFile() const
+{
+    return path(u".config/Spoolwright/Spoolwright.ini"_s);
+}
+
+QStringList TestHome::everything() const
+{
+    QStringList paths;
+    QDirIterator entries(m_folder.path(),
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+        QDirIterator::Subdirectories);
+    while (entries.hasNext())
+        paths.append(QDir(m_folder.path()).relativeFilePath(entries.next()));
+    paths.sort();
+    return paths;
+}
+
+QString TestHome::preference(const QString& key) const
+{
+    return QSettings(preferencesFile(), QSettings::IniFormat).value(key).toString();
+}
+
+void TestHome::setPreferences(const QMap<QString, QString>& values) const
+{
+    QDir().mkpath(QFileInfo(preferencesFile()).path());
+    QFile file(preferencesFile());
+    if (!file.open(QFile::WriteOnly | QFile::Truncate))
+        qFatal("The preferences cannot be written.");
+    file.write("[General]\n");
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        file.write((value.key() + u'=' + value.value() + u'\n').toUtf8());
+}
+
+std::optional<QMap<qint64, qint64>> TestHome::spoolsInStore() const
+try {
+    const QTemporaryDir copies;
+    const QString copy = copies.filePath(u"copy.store"_s);
+    QFile::copy(storeFile(), copy);
+    QFile::copy(storeFile() + u"-wal"_s, copy + u"-wal"_s);
+    SQLite::Database database(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
+    if (database.execAndGet("PRAGMA quick_check").getString() != "ok")
+        return std::nullopt;
+    QMap<qint64, qint64> spools;
+    SQLite::Statement rows(database, "SELECT id, spoolsCount FROM Filament");
+    while (rows.executeStep())
+        spools.insert(rows.getColumn(0).getInt64(), rows.getColumn(1).getInt64());
+    return spools;
+} catch (const SQLite::Exception&) {
+    return std::nullopt;
+}
+
+QString TestHome::path(const QString& relative) const
+{
+    return m_folder.filePath(relative);
+}
+
+} // namespace reelhouse::tests

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QtCore/QMap>
+#include <QtCore/QProcessEnvironment>
+#include <QtCore/QStringList>
+#include <QtCore/QTemporaryDir>
+
+#include <optional>
+
+namespace reelhouse::tests {
+
+/// A user's HOME, removed with the object, and what Spoolwright keeps there.
+class TestHome final {
+public:
+    TestHome();
+
+    /// The environment of a program of this user on `display`; nothing of the real user's is left.
+    QProcessEnvironment environment(const QString& display) const;
+
+    QString dataFolder() const;
+    QString storeFile() const;
+    QString preferencesFile() const;
+    /// Every file and folder under the home, by its path relative to it.
+    QStringList everything() const;
+
+    /// What one preference holds; empty when it is absent.
+    QString preference(const QString& key) const;
+    /// Replaces the whole preference file.
+    void setPreferences(const QMap<QString, QString>& values) const;
+
+    /// How many spools each filament has, by its identity, read from a copy of the store's files:
+    /// as the program that comes next would find them. Nothing when the store is not whole.
+    std::optional<QMap<qint64, qint64>> spoolsInStore() const;
+
+private:
+    QString path(const QString& relative) const;
+
+    QTemporaryDir m_folder;
+};
+
+} // namespace reelhouse::tests
