@@ -59,7 +59,8 @@ std::vector<PlainRow> plainRowsOf(StoreContext& context)
 
 PlainStore::PlainStore(const std::string& path)
 {
-    const int result = sqlite3_open_v2(path.c_str(), &m_database, SQLITE_OPEN_READWRITE, nullptr);
+    const int result = sqlite3_open_v2(
+        path.c_str(), &m_database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     require(result == SQLITE_OK, m_database);
     run("PRAGMA locking_mode = EXCLUSIVE");
     run("PRAGMA synchronous = FULL");

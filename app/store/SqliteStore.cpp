@@ -97,7 +97,9 @@ QString resolved(const QString& path)
 } // namespace
 
 SqliteStore::SqliteStore(const QString& path)
-    : m_database(QFile::encodeName(path).toStdString(), SQLite::OPEN_READWRITE, lockedFileWaitMs)
+    // Only one thread at a time uses a store, so SQLite need not guard every call.
+    : m_database(QFile::encodeName(path).toStdString(),
+        SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, lockedFileWaitMs)
 {
     configure(m_database);
     setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, false);

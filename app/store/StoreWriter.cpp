@@ -2,8 +2,7 @@
 
 #include "core/model/Filament.h"
 
-#include <array>
-#include <string>
+#include <QtCore/QStringConverter>
 
 namespace reelhouse {
 
@@ -56,8 +55,9 @@ Texts textsFor(const Filament* /*kind*/)
 /// Gives a statement its parameters one after the other, then runs it.
 class Row final {
 public:
-    explicit Row(SQLite::Statement& statement)
+    Row(SQLite::Statement& statement, TextBuffers& texts)
         : m_statement(statement)
+        , m_texts(texts)
     {
         // After a run that failed it takes no parameters before this.
         m_statement.tryReset();
@@ -72,7 +72,9 @@ public:
     Row& operator<<(const QString& text)
     {
         std::string& bytes = m_texts[m_textCount++];
-        bytes = text.toStdString();
+        bytes.resize(size_t(m_encoder.requiredSpace(text.size())));
+        const char* end = m_encoder.appendToBuffer(bytes.data(), text);
+        bytes.resize(size_t(end - bytes.data()));
         m_statement.bindNoCopy(m_next++, bytes);
         return *this;
     }
@@ -90,9 +92,10 @@ public:
 
 private:
     SQLite::Statement& m_statement;
-    int m_next = 1;
-    std::array<std::string, 3> m_texts; ///< SQLite reads them where they are while it runs.
+    TextBuffers& m_texts;
+    QStringEncoder m_encoder{QStringConverter::Utf8, QStringConverter::Flag::Stateless};
     size_t m_textCount = 0;
+    int m_next = 1;
 };
 
 void addFields(Row& row, const FilamentType& type)
@@ -114,9 +117,9 @@ void addFields(Row& row, const Filament& filament)
 }
 
 template <class T>
-void runWith(SQLite::Statement& statement, const T& entity)
+void runWith(SQLite::Statement& statement, TextBuffers& texts, const T& entity)
 {
-    Row row(statement);
+    Row row(statement, texts);
     row << entity.id().value;
     addFields(row, entity);
     row.run();
@@ -135,19 +138,19 @@ TableWriter<T>::TableWriter(SQLite::Database& database)
 template <class T>
 void TableWriter<T>::insert(const T& entity)
 {
-    runWith(m_insertion, entity);
+    runWith(m_insertion, m_texts, entity);
 }
 
 template <class T>
 void TableWriter<T>::update(const T& entity)
 {
-    runWith(m_update, entity);
+    runWith(m_update, m_texts, entity);
 }
 
 template <class T>
 void TableWriter<T>::remove(EntityId<T> id)
 {
-    Row row(m_removal);
+    Row row(m_removal, m_texts);
     row << id.value;
     row.run();
 }

@@ -3,8 +3,14 @@
 #include "core/model/PersistentStore.h"
 
 #include <SQLiteCpp/Statement.h>
+#include <array>
+#include <string>
 
 namespace reelhouse {
+
+/// The texts of one row in the database's encoding; SQLite reads them where they are, and the next
+/// row uses their memory again.
+using TextBuffers = std::array<std::string, 3>;
 
 /// The prepared statements of one table, one for each kind of change.
 template <class T>
@@ -20,6 +26,7 @@ private:
     SQLite::Statement m_insertion;
     SQLite::Statement m_update;
     SQLite::Statement m_removal;
+    TextBuffers m_texts;
 };
 
 /// Writes changes of the stock. Everything throws SQLite::Exception.

@@ -136,8 +136,8 @@ std::unique_ptr<Filament> makeFilament(Dice& dice, const Shelves& shelves)
     auto filament = std::make_unique<Filament>(type, brand, range, location, spools, opened,
         QString(color.hex.constData(), color.hex.size()),
         QString(color.name.constData(), color.name.size()), makeNotes(dice));
-    filament->setDateAdded(
-        QDateTime::fromMSecsSinceEpoch(1600000000000 + qint64(dice.roll(1000000000)) * 150));
+    filament->setDateAdded(QDateTime::fromMSecsSinceEpoch(
+        1600000000000 + qint64(dice.roll(1000000000)) * 150, Qt::UTC));
     return filament;
 }
 
