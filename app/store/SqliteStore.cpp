@@ -10,6 +10,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
 
 #include <SQLiteCpp/Transaction.h>
 #include <sqlite3.h>
@@ -36,8 +37,8 @@ StoreError errorFrom(const SystemError& error)
 /// Settings of the connection that change nothing in the file.
 void configure(SQLite::Database& database)
 {
-    // Before the file is first touched: the write-ahead index then lives in this process's memory
-    // and nobody else gets in.
+    // First of all, before the file is touched: the write-ahead index then lives in this process's
+    // memory and nobody else gets in.
     database.exec("PRAGMA locking_mode = EXCLUSIVE");
     database.exec("PRAGMA synchronous = FULL");
     database.exec("PRAGMA foreign_keys = ON");
@@ -101,13 +102,13 @@ SqliteStore::SqliteStore(const QString& path)
     : m_database(QFile::encodeName(path).toStdString(),
         SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, lockedFileWaitMs)
 {
-    configure(m_database);
-    setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, false);
-    setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, false);
     // A file that ends up refused keeps the journal that it came with. One without a journal must
-    // not keep the empty one that SQLite makes for itself.
+    // not keep the empty one that SQLite makes for itself. Settled before anything is read.
     setConnectionOption(
         m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, DurableFiles::isTaken(path + u"-wal"_s));
+    setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, false);
+    setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, false);
+    configure(m_database);
 }
 
 SqliteStore::~SqliteStore() = default;
@@ -120,6 +121,8 @@ Result<std::unique_ptr<PersistentStore>, StoreError> SqliteStore::openFile(const
     }
     const QString file = resolved(path);
     if (auto error = checkStoreFile(path))
+        return Failure{*error};
+    if (auto error = rehearseRollback(file))
         return Failure{*error};
     try {
         std::unique_ptr<SqliteStore> store(new SqliteStore(file));
@@ -140,6 +143,29 @@ Result<std::unique_ptr<PersistentStore>, StoreError> SqliteStore::openInMemory()
         return std::unique_ptr<PersistentStore>(std::move(store));
     } catch (const SQLite::Exception& exception) {
         return Failure{errorFrom(exception)};
+    }
+}
+
+std::optional<StoreError> SqliteStore::rehearseRollback(const QString& file)
+{
+    if (!DurableFiles::isTaken(file + u"-journal"_s))
+        return std::nullopt;
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(u"store"_s);
+    for (const QString& suffix : {QString(), u"-wal"_s, u"-journal"_s}) {
+        if (!DurableFiles::isTaken(file + suffix))
+            continue;
+        if (const auto error = DurableFiles::copy(file + suffix, copy + suffix))
+            return errorFrom(*error);
+    }
+    try {
+        SqliteStore store(copy);
+        if (auto error = store.examine())
+            return error;
+        StoreContext context(store);
+        return readStore(store.m_database.getHandle(), store.m_version, context);
+    } catch (const SQLite::Exception& exception) {
+        return errorFrom(exception);
     }
 }
 

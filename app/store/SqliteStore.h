@@ -34,6 +34,9 @@ public:
 private:
     explicit SqliteStore(const QString& path);
 
+    /// A rollback journal, left by a transaction of a program that keeps one, is played back by
+    /// the first reading. Does that to a copy, to know beforehand whether the result is usable.
+    static std::optional<StoreError> rehearseRollback(const QString& file);
     std::optional<StoreError> examine();
     void proveWritable();
 

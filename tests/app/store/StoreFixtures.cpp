@@ -2,6 +2,7 @@
 
 #include "app/store/SqliteStore.h"
 
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QDateTime>
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
@@ -143,7 +144,9 @@ QMap<QString, QByteArray> snapshotOf(const QString& folder)
         if (entry.isSymLink())
             description += "link to " + entry.symLinkTarget().toUtf8();
         else if (entry.isFile())
-            description += bytesOf(entry.filePath());
+            description += QByteArray::number(entry.size()) + ' '
+                + QCryptographicHash::hash(bytesOf(entry.filePath()), QCryptographicHash::Sha1)
+                      .toHex();
         entries.insert(root.relativeFilePath(entry.filePath()), description);
     }
     return entries;

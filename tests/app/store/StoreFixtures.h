@@ -31,8 +31,8 @@ void makeSmallStore(const QString& path);
 /// What `linesOf` says of the store of makeSmallStore.
 QStringList smallStoreLines();
 
-/// Every entry below a folder by its relative path, with its kind, length, time of the last change
-/// and bytes: equal when nothing was touched.
+/// Every entry below a folder by its relative path, with its kind, time of the last change, length
+/// and a digest of its bytes: equal when nothing was touched.
 QMap<QString, QByteArray> snapshotOf(const QString& folder);
 
 QByteArray bytesOf(const QString& path);
