@@ -1,6 +1,7 @@
 #include "app/library/LibraryToolbar.h"
 
 #include "app/ui/ButtonLook.h"
+#include "app/ui/SegmentedPicker.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
@@ -18,6 +19,11 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     auto* title = new QLabel(u"Stock de filaments"_s, this);
     setTextStyle(title, TextStyle::ScreenTitle);
 
+    auto* modes = new SegmentedPicker({{u"view.list"_s, u"Liste"_s}, {u"view.cards"_s, u"Cartes"_s},
+                                          {u"view.statistics"_s, u"Stats"_s}},
+        this);
+    modes->setEnabled(false);
+
     auto* add = new QPushButton(symbolIcon(u"plus"_s, &Theme::onAccent), u"Ajouter"_s, this);
     setButtonLook(add, ButtonLook::Default);
     add->setToolTip(u"Ajouter un filament"_s);
@@ -32,6 +38,8 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     row->setSpacing(8);
     row->addWidget(title);
     row->addStretch();
+    row->addWidget(modes);
+    row->addSpacing(16);
     row->addWidget(add);
     row->addWidget(print);
     row->addWidget(makeIconButton(u"gearshape"_s, u"Réglages"_s));

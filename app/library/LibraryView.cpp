@@ -6,6 +6,10 @@
 #include "app/library/StatusBarView.h"
 #include "app/store/StoreContainer.h"
 #include "app/ui/ButtonLook.h"
+#include "app/ui/EmptyState.h"
+#include "app/ui/Palette.h"
+#include "app/ui/SearchField.h"
+#include "app/ui/Separator.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "core/filters/FilteredStock.h"
@@ -17,7 +21,6 @@
 #include <QtGui/QAction>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
@@ -31,7 +34,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     , m_container(container)
     , m_preferences(preferences)
     , m_actions(new SpoolActions(container.context(), this))
-    , m_searchField(new QLineEdit(this))
+    , m_searchField(new SearchField(this))
     , m_resultCount(new QLabel(this))
     , m_body(new QStackedWidget(this))
     , m_list(new ListView(container.context(), *m_actions))
@@ -39,12 +42,17 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
 {
     auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), u"Ajouter un filament"_s);
     addFirst->setEnabled(false);
-    m_emptyStock = addFirst;
+    auto* emptyStock = new EmptyState(u"spool"_s, u"Stock vide"_s);
+    emptyStock->setButton(addFirst);
+    m_emptyStock = emptyStock;
 
     auto* clear = new QPushButton(u"Effacer"_s);
     setButtonLook(clear, ButtonLook::Link);
-    m_noResult = clear;
+    auto* noResult = new EmptyState(u"magnifyingglass"_s, counted(0, u"résultat"_s));
+    noResult->setButton(clear);
+    m_noResult = noResult;
 
+    setGround(m_body, Ground::List);
     m_body->addWidget(m_list);
     m_body->addWidget(m_emptyStock);
     m_body->addWidget(m_noResult);
@@ -53,8 +61,11 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(new LibraryToolbar(this));
+    column->addWidget(new Separator(this));
     column->addWidget(makeFilterBar());
+    column->addWidget(new Separator(this));
     column->addWidget(m_body, 1);
+    column->addWidget(new Separator(this));
     column->addWidget(m_statusBar);
 
     auto* focusSearch = new QAction(this);
@@ -71,6 +82,7 @@ QWidget* LibraryView::makeFilterBar()
 {
     auto* bar = new QWidget(this);
     setTextStyle(m_resultCount, TextStyle::Callout);
+    setTextTone(m_resultCount, TextTone::Secondary);
     auto* row = new QHBoxLayout(bar);
     row->setContentsMargins(16, 9, 16, 9);
     row->setSpacing(12);

@@ -5,13 +5,13 @@
 #include <QtWidgets/QWidget>
 
 class QLabel;
-class QLineEdit;
 class QStackedWidget;
 
 namespace reelhouse {
 
 class ListView;
 class Preferences;
+class SearchField;
 class SpoolActions;
 class StatusBarView;
 class StoreContainer;
@@ -41,7 +41,7 @@ private:
     bool m_didSeed = false;
     bool m_isStale = true;
     SpoolActions* m_actions;
-    QLineEdit* m_searchField;
+    SearchField* m_searchField;
     QLabel* m_resultCount;
     QStackedWidget* m_body;
     ListView* m_list;

@@ -2,8 +2,8 @@
 
 #include "app/library/FilamentRowDelegate.h"
 #include "app/library/FilamentTableModel.h"
+#include "app/library/ListHeader.h"
 #include "app/library/SpoolActions.h"
-#include "app/ui/TextStyle.h"
 
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
@@ -89,10 +89,7 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     viewport()->setBackgroundRole(QPalette::AlternateBase);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    setHorizontalHeader(new ListHeader(this));
 
     auto* delegate = new FilamentRowDelegate(*this);
     setItemDelegate(delegate);
@@ -136,9 +133,7 @@ void ListView::changeEvent(QEvent* event)
 void ListView::updateMetrics()
 {
     verticalHeader()->setDefaultSectionSize(FilamentRowDelegate::rowHeight());
-    horizontalHeader()->setFont(fontOf(TextStyle::Header));
-    horizontalHeader()->setFixedHeight(
-        std::max(30, QFontMetrics(fontOf(TextStyle::Header)).height() + 14));
+    horizontalHeader()->updateGeometry();
 }
 
 void ListView::resizeEvent(QResizeEvent* event)

@@ -1,10 +1,10 @@
 #include "app/library/StatusBarView.h"
 
 #include "app/library/StatusItem.h"
+#include "app/ui/Palette.h"
 #include "app/ui/TextStyle.h"
 #include "app/ui/Theme.h"
 
-#include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -20,7 +20,8 @@ StatusBarView::StatusBarView(QWidget* parent)
           new StatusItem(u"square.stack.3d.up.fill"_s, lightTheme().typesMark, this)}
 {
     setTextStyle(m_empty, TextStyle::Caption);
-    m_empty->setForegroundRole(QPalette::PlaceholderText);
+    setTextTone(m_empty, TextTone::Secondary);
+    setGround(this, Ground::Window);
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(18, 7, 18, 7);
@@ -43,13 +44,6 @@ void StatusBarView::setTotals(const StockTotals& totals)
     m_items[1]->setCount(totals.spools, u"bobine"_s);
     m_items[2]->setCount(totals.opened, u"entamée"_s);
     m_items[3]->setCount(totals.types, u"type"_s);
-}
-
-void StatusBarView::paintEvent(QPaintEvent*)
-{
-    QPainter painter(this);
-    painter.fillRect(rect(), currentTheme().window);
-    painter.fillRect(0, 0, width(), 1, currentTheme().hairline);
 }
 
 } // namespace reelhouse

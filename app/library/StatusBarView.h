@@ -21,9 +21,6 @@ public:
 
     void setTotals(const StockTotals& totals);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     QLabel* m_empty;
     std::array<StatusItem*, 4> m_items;

@@ -1,10 +1,12 @@
 #include "app/shell/AppDelegate.h"
 
 #include "app/shell/MainWindow.h"
+#include "app/shell/TemporaryStoreNotice.h"
 #include "app/shell/WindowDecoration.h"
 #include "app/shell/WindowPlacement.h"
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreProvider.h"
+#include "app/ui/Alert.h"
 #include "core/model/StoreContext.h"
 #include "core/preferences/Preferences.h"
 
@@ -17,6 +19,7 @@
 
 #include <chrono>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace reelhouse {
@@ -30,6 +33,18 @@ constexpr int attentionAttempt = 6;
 constexpr auto activationPause = 200ms;
 constexpr auto firstCorrection = 300ms;
 constexpr auto secondCorrection = 800ms;
+
+/// Raises the window and above it the alert that waits for an answer, which no window manager may
+/// be there to keep on top. Returns the one of the two that takes the keyboard.
+QWidget& raiseWithDialogs(MainWindow& window)
+{
+    window.raise();
+    QWidget* dialog = QApplication::activeModalWidget();
+    if (!dialog)
+        return window;
+    dialog->raise();
+    return *dialog;
+}
 
 } // namespace
 
@@ -101,7 +116,7 @@ void AppDelegate::correctPlacement()
     if (!window)
         return;
     placeOnMainScreen(*window, window->size());
-    window->raise();
+    raiseWithDialogs(*window);
 }
 
 void AppDelegate::tryToActivate(int attempt)
@@ -125,8 +140,7 @@ void AppDelegate::bringToFront()
     if (window->isMinimized())
         window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
     window->show();
-    window->raise();
-    window->activateWindow();
+    raiseWithDialogs(*window).activateWindow();
 }
 
 void AppDelegate::applicationShouldHandleReopen(const QString& activationToken)
@@ -156,7 +170,13 @@ void AppDelegate::terminate()
 
 void AppDelegate::presentStoreError(const QString& message)
 {
-    if (message.isEmpty())
+    constexpr int openFolder = 1;
+    Alert alert(AlertTone::Warning, u"Impossible d'ouvrir la base de données"_s,
+        TemporaryStoreNotice::sentence() + u"\n\n"_s + message,
+        {{u"Continuer"_s, AlertRole::Confirm},
+            {u"Ouvrir le dossier des données"_s, AlertRole::Other}},
+        m_mainWindow());
+    if (alert.exec() == openFolder)
         QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
 }
 

@@ -2,6 +2,8 @@
 
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
+#include "app/shell/TemporaryStoreNotice.h"
+#include "app/store/StoreContainer.h"
 #include "app/ui/TextStyle.h"
 
 #include <QtWidgets/QLabel>
@@ -19,8 +21,16 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences, QW
     setChildrenCollapsible(false);
     setHandleWidth(1);
     m_screens->addWidget(m_library);
+
+    auto* column = new QWidget(this);
+    auto* columnLayout = new QVBoxLayout(column);
+    columnLayout->setContentsMargins(0, 0, 0, 0);
+    columnLayout->setSpacing(0);
+    if (container.usesMemoryStore())
+        columnLayout->addWidget(new TemporaryStoreNotice(column));
+    columnLayout->addWidget(m_screens);
     addWidget(m_sidebar);
-    addWidget(m_screens);
+    addWidget(column);
     setStretchFactor(1, 1);
     m_sidebar->setSelection(m_selection);
     connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);

@@ -1,9 +1,8 @@
 #include "app/shell/SidebarView.h"
 
 #include "app/shell/SidebarDelegate.h"
-#include "app/ui/Theme.h"
+#include "app/ui/Palette.h"
 
-#include <QtGui/QPainter>
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QVBoxLayout>
@@ -72,6 +71,7 @@ SidebarView::SidebarView(QWidget* parent)
 {
     setMinimumWidth(narrowest);
     setFocusProxy(m_list);
+    setGround(this, Ground::Window);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding, padding);
     column->addWidget(m_list);
@@ -121,11 +121,6 @@ std::optional<NavItem> SidebarView::selection() const
 QSize SidebarView::sizeHint() const
 {
     return {preferredWidth, QWidget::sizeHint().height()};
-}
-
-void SidebarView::paintEvent(QPaintEvent*)
-{
-    QPainter(this).fillRect(rect(), currentTheme().window);
 }
 
 } // namespace reelhouse

@@ -29,9 +29,6 @@ signals:
     /// The user chose another screen.
     void selectionEdited(NavItem item);
 
-protected:
-    void paintEvent(QPaintEvent* event) override;
-
 private:
     QStandardItemModel* m_entries;
     QListView* m_list;

@@ -1,6 +1,7 @@
 #include "app/library/LibraryView.h"
 
 #include "app/library/ListView.h"
+#include "app/ui/SearchField.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
@@ -8,7 +9,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
 using namespace reelhouse;
@@ -42,7 +42,7 @@ struct Fixture {
     int rows() const { return library.findChild<ListView*>()->model()->rowCount(); }
     void type(const QString& text)
     {
-        auto* field = library.findChild<QLineEdit*>();
+        auto* field = library.findChild<SearchField*>();
         field->setFocus();
         field->selectAll();
         QTest::keyClicks(field, text);
@@ -128,7 +128,7 @@ void LibraryViewTest::aSearchWithoutResultOffersToClearIt()
     QTest::mouseClick(fixture.button(u"Effacer"_s), Qt::LeftButton);
 
     QCOMPARE(fixture.rows(), 8);
-    QVERIFY(fixture.library.findChild<QLineEdit*>()->text().isEmpty());
+    QVERIFY(fixture.library.findChild<SearchField*>()->text().isEmpty());
 }
 
 void LibraryViewTest::anEditIsShownWithTheNextTurn()

@@ -2,6 +2,7 @@
 
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
+#include "app/ui/SearchField.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
@@ -9,7 +10,6 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QLineEdit>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -72,13 +72,13 @@ void ContentViewTest::everyScreenShowsItsTitle()
 void ContentViewTest::theLibraryKeepsItsSearchWhileOthersAreShown()
 {
     Fixture fixture;
-    auto* field = fixture.content.findChild<QLineEdit*>();
+    auto* field = fixture.content.findChild<SearchField*>();
     QTest::keyClicks(field, u"rouge"_s);
 
     fixture.content.showScreen(NavItem::Brands);
     fixture.content.showScreen(NavItem::Library);
 
-    QCOMPARE(fixture.content.findChild<QLineEdit*>(), field);
+    QCOMPARE(fixture.content.findChild<SearchField*>(), field);
     QCOMPARE(field->text(), u"rouge"_s);
 }
 

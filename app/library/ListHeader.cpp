@@ -1,0 +1,44 @@
+#include "app/library/ListHeader.h"
+
+#include "app/library/RowLayout.h"
+#include "app/ui/TextStyle.h"
+#include "app/ui/Theme.h"
+
+#include <QtGui/QPainter>
+
+namespace reelhouse {
+
+ListHeader::ListHeader(QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent)
+{
+    setSectionResizeMode(Fixed);
+    setSectionsClickable(false);
+    setHighlightSections(false);
+}
+
+QSize ListHeader::sizeHint() const
+{
+    const int height = std::max(30, QFontMetrics(fontOf(TextStyle::Header)).height() + 14);
+    return {QHeaderView::sizeHint().width(), height};
+}
+
+void ListHeader::paintSection(QPainter* painter, const QRect& rect, int column) const
+{
+    const int padding = column == 0 ? RowLayout::firstPadding : RowLayout::cellPadding;
+    const QRect textRect = rect.adjusted(padding, 0, -RowLayout::cellPadding, 0);
+    const QString title = model()->headerData(column, orientation()).toString();
+    painter->setFont(fontOf(TextStyle::Header));
+    painter->setPen(currentTheme().textSecondary);
+    painter->drawText(textRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title);
+}
+
+void ListHeader::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), currentTheme().list);
+    painter.fillRect(0, height() - 1, width(), 1, currentTheme().hairline);
+    painter.end();
+    QHeaderView::paintEvent(event);
+}
+
+} // namespace reelhouse

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QtWidgets/QHeaderView>
+
+namespace reelhouse {
+
+/// The titles over the columns of the list, each above the text of its cells.
+class ListHeader final : public QHeaderView {
+    Q_OBJECT
+
+public:
+    explicit ListHeader(QWidget* parent);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintSection(QPainter* painter, const QRect& rect, int column) const override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace reelhouse
