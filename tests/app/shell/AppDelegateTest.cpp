@@ -11,7 +11,9 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QPushButton>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -23,6 +25,11 @@ private slots:
     void theWindowOpensAtItsSize_data();
     void theWindowOpensAtItsSize();
     void theStoreIsOpenedOnceTheWindowStands();
+    void aWindowThatComesLateIsSetUp();
+    void theStoreIsOpenedAnywayWithoutAWindow();
+    void theWindowIsPlacedAgainAfterTheStart();
+    void aSecondLaunchBringsTheWindowBack();
+    void theStoreAlertSaysWhyTheStockIsTemporary();
     void closingSavesTheSize_data();
     void closingSavesTheSize();
     void terminatingSavesTheSizeAndEndsWithZero();
@@ -44,6 +51,42 @@ struct Fixture {
     StoreProvider provider{StorePaths(folder.filePath(u"Documents"_s))};
     MainWindow window;
     AppDelegate delegate{preferences, provider, [this] { return &window; }};
+};
+
+/// Moves a window away from where it was first shown, again each time that it is put back there.
+class PlacementCounter final : public QObject {
+public:
+    explicit PlacementCounter(QWidget& window)
+        : m_window(window)
+    {
+        window.installEventFilter(this);
+    }
+
+    int returns() const { return m_returns; }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && m_place.isNull()) {
+            m_place = m_window.pos();
+            QTimer::singleShot(0, this, &PlacementCounter::moveAway);
+        } else if (event->type() == QEvent::Move && m_isAway && m_window.pos() == m_place) {
+            ++m_returns;
+            moveAway();
+        }
+        return false;
+    }
+
+private:
+    void moveAway()
+    {
+        m_isAway = true;
+        m_window.move(m_place + QPoint(7, 3));
+    }
+
+    QWidget& m_window;
+    QPoint m_place;
+    bool m_isAway = false;
+    int m_returns = 0;
 };
 
 /// What the screen leaves of a wanted size, the margins and the decoration taken off.
@@ -99,6 +142,82 @@ void AppDelegateTest::theStoreIsOpenedOnceTheWindowStands()
     QCOMPARE(opened.count(), 1);
     QCOMPARE(fixture.delegate.modelContainer(), fixture.provider.container());
     QVERIFY(!fixture.delegate.usingInMemoryStore());
+}
+
+void AppDelegateTest::aWindowThatComesLateIsSetUp()
+{
+    Fixture fixture;
+    int requests = 0;
+    AppDelegate delegate(fixture.preferences, fixture.provider,
+        [&] { return ++requests > 3 ? &fixture.window : nullptr; });
+
+    delegate.applicationDidFinishLaunching();
+
+    QVERIFY(QTest::qWaitFor([&] { return fixture.provider.container() != nullptr; }));
+    QVERIFY(fixture.window.isVisible());
+}
+
+void AppDelegateTest::theStoreIsOpenedAnywayWithoutAWindow()
+{
+    Fixture fixture;
+    int requests = 0;
+    AppDelegate delegate(fixture.preferences, fixture.provider, [&]() -> MainWindow* {
+        ++requests;
+        return nullptr;
+    });
+
+    delegate.applicationDidFinishLaunching();
+
+    QVERIFY(QTest::qWaitFor([&] { return fixture.provider.container() != nullptr; }, 20000));
+    QCOMPARE(requests, 30);
+}
+
+void AppDelegateTest::theWindowIsPlacedAgainAfterTheStart()
+{
+    Fixture fixture;
+    PlacementCounter counter(fixture.window);
+
+    fixture.launch();
+
+    QVERIFY(QTest::qWaitFor([&] { return counter.returns() == 2; }));
+    QVERIFY(!QTest::qWaitFor([&] { return counter.returns() > 2; }, 500));
+}
+
+void AppDelegateTest::aSecondLaunchBringsTheWindowBack()
+{
+    Fixture fixture;
+    fixture.launch();
+    fixture.window.showMinimized();
+
+    fixture.delegate.applicationShouldHandleReopen({});
+
+    QVERIFY(!fixture.window.isMinimized());
+    QVERIFY(fixture.window.isVisible());
+}
+
+void AppDelegateTest::theStoreAlertSaysWhyTheStockIsTemporary()
+{
+    Fixture fixture;
+    fixture.window.show();
+    QStringList texts;
+    QStringList buttons;
+    QTimer::singleShot(0, &fixture.window, [&] {
+        QWidget* alert = QApplication::activeModalWidget();
+        for (const QLabel* label : alert->findChildren<QLabel*>())
+            texts << label->text();
+        for (QPushButton* button : alert->findChildren<QPushButton*>())
+            buttons << button->text();
+        QTest::keyClick(alert, Qt::Key_Return);
+    });
+
+    fixture.delegate.presentStoreError(u"Le fichier n'est pas une base de données."_s);
+
+    QCOMPARE(texts,
+        (QStringList{u"Impossible d'ouvrir la base de données"_s,
+            u"Spoolwright fonctionne en mode temporaire : les modifications ne seront pas "
+            "conservées après la fermeture.\n\nLe fichier n'est pas une base de données."_s}));
+    buttons.sort();
+    QCOMPARE(buttons, (QStringList{u"Continuer"_s, u"Ouvrir le dossier des données"_s}));
 }
 
 void AppDelegateTest::closingSavesTheSize_data()

@@ -21,12 +21,15 @@ private slots:
     void theLibraryIsShownFirst();
     void everyScreenShowsItsTitle();
     void theLibraryKeepsItsSearchWhileOthersAreShown();
+    void aTemporaryStockSaysSo_data();
+    void aTemporaryStockSaysSo();
 };
 
 namespace {
 
 struct Fixture {
-    Fixture()
+    explicit Fixture(StoreKind kind = StoreKind::Memory)
+        : stock(tests::makeMemoryStock(kind))
     {
         content.resize(1300, 820);
         content.show();
@@ -42,7 +45,7 @@ struct Fixture {
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};
-    std::unique_ptr<StoreContainer> stock = tests::makeMemoryStock();
+    std::unique_ptr<StoreContainer> stock;
     ContentView content{*stock, preferences};
 };
 
@@ -80,6 +83,25 @@ void ContentViewTest::theLibraryKeepsItsSearchWhileOthersAreShown()
 
     QCOMPARE(fixture.content.findChild<SearchField*>(), field);
     QCOMPARE(field->text(), u"rouge"_s);
+}
+
+void ContentViewTest::aTemporaryStockSaysSo_data()
+{
+    QTest::addColumn<StoreKind>("kind");
+    QTest::addColumn<bool>("isTold");
+
+    QTest::newRow("temporary") << StoreKind::Memory << true;
+    QTest::newRow("file") << StoreKind::File << false;
+}
+
+void ContentViewTest::aTemporaryStockSaysSo()
+{
+    QFETCH(StoreKind, kind);
+    const Fixture fixture(kind);
+
+    QTEST(fixture.showsTitle(u"Spoolwright fonctionne en mode temporaire : les modifications ne "
+                             "seront pas conservées après la fermeture."_s),
+        "isTold");
 }
 
 REELHOUSE_TEST(ContentViewTest)
