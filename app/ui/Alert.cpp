@@ -81,7 +81,7 @@ void Alert::addTexts(AlertTone tone, const QString& title, const QString& messag
     setAccessibleDescription(message);
 
     auto* texts = new QVBoxLayout;
-    texts->setSpacing(6);
+    texts->setSpacing(8);
     texts->addWidget(titleLabel);
     texts->addWidget(messageLabel);
     texts->addStretch(1);

@@ -44,13 +44,17 @@ DesktopAppearance::DesktopAppearance(const QDBusConnection& bus, QObject* parent
 {
     if (!bus.isConnected())
         return;
-    QDBusConnection(bus).connect(portalService, portalPath, portalInterface, u"SettingChanged"_s,
-        this, SLOT(takeSetting(QString, QString, QDBusVariant)));
+    // Connecting finds the type of the slot's argument only once something has registered it.
+    qRegisterMetaType<QDBusVariant>();
+    // Where no bus lies between the two ends, no end has a name.
+    const QString sender = bus.baseService().isEmpty() ? QString() : portalService;
+    QDBusConnection(bus).connect(sender, portalPath, portalInterface, u"SettingChanged"_s, this,
+        SLOT(takeSetting(QString, QString, QDBusVariant)));
     ask(bus, colorSchemeKey);
     ask(bus, contrastKey);
 }
 
-void DesktopAppearance::ask(QDBusConnection bus, const QString& key)
+void DesktopAppearance::ask(const QDBusConnection& bus, const QString& key)
 {
     QDBusMessage question
         = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, u"Read"_s);

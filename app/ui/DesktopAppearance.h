@@ -38,7 +38,7 @@ private slots:
     void takeSetting(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void ask(QDBusConnection bus, const QString& key);
+    void ask(const QDBusConnection& bus, const QString& key);
     void takeValue(const QString& key, const QVariant& value);
 
     Appearance m_appearance;

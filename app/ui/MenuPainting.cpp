@@ -9,6 +9,7 @@
 
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
+#include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QStyleOption>
 
@@ -29,6 +30,7 @@ constexpr int iconSide = 16;
 constexpr int textLeft = 36;
 constexpr int textRight = 12;
 constexpr int arrowSide = 10;
+constexpr int tickSide = 14;
 constexpr qreal entryRadius = 6;
 constexpr qreal menuRadius = 10;
 constexpr qreal disabledOpacity = 0.45;
@@ -48,10 +50,16 @@ QPixmap tinted(const QPixmap& shape, const QColor& color)
     return result;
 }
 
+bool isTicked(const QStyleOptionMenuItem& option)
+{
+    return option.checkType != QStyleOptionMenuItem::NotCheckable && option.checked;
+}
+
+/// What stands in the icon column: the icon, else the tick of the chosen entry.
 void paintIcon(QPainter& painter, const QStyleOptionMenuItem& option, const QRect& rect, bool isRed)
 {
     const Theme& theme = currentTheme();
-    if (option.checkType != QStyleOptionMenuItem::NotCheckable && option.checked) {
+    if (isTicked(option) && option.icon.isNull()) {
         paintSymbol(
             painter, QRectF(rect).adjusted(1, 1, -1, -1), u"checkmark"_s, theme.textPrimary);
     } else if (isRed && !option.icon.isNull()) {
@@ -98,6 +106,8 @@ QSize itemSize(const QStyleOptionMenuItem& option, const QSize& contents)
         width += 2 * textRight;
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
         width += textRight + arrowSide;
+    else if (option.menuHasCheckableItems && !option.icon.isNull())
+        width += textRight + tickSide;
     return {width, std::max(entryHeight, QFontMetrics(option.font).height() + 12)};
 }
 
@@ -116,9 +126,15 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& option, const QWid
     };
 
     painter.save();
+    const bool isInPicker = qobject_cast<const QComboBox*>(widget) != nullptr;
+    if (isInPicker) // Its list has laid another ground and knows of no padding.
+        painter.fillRect(option.rect, theme.menu);
     const bool isHighlighted = isEnabled && (option.state & QStyle::State_Selected) != 0;
-    if (isHighlighted)
-        paintRoundedPanel(painter, option.rect, entryRadius, theme.selection);
+    if (isHighlighted) {
+        const int inset = isInPicker ? menuPadding : 0;
+        paintRoundedPanel(
+            painter, option.rect.adjusted(inset, 0, -inset, 0), entryRadius, theme.selection);
+    }
     if (!isEnabled)
         painter.setOpacity(disabledOpacity);
 
@@ -139,6 +155,12 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& option, const QWid
             QStyle::visualAlignment(option.direction, Qt::AlignRight | Qt::AlignVCenter)
                 | Qt::TextSingleLine,
             shortcut);
+    }
+    if (isTicked(option) && !option.icon.isNull()) {
+        QRectF tick(0, 0, tickSide, tickSide);
+        tick.moveCenter(QPointF(
+            option.rect.right() - textRight - tickSide / 2.0, QRectF(option.rect).center().y()));
+        paintSymbol(painter, placed(tick.toRect()), u"checkmark"_s, theme.textPrimary);
     }
     if (option.menuItemType == QStyleOptionMenuItem::SubMenu)
         paintSubmenuArrow(painter, option);

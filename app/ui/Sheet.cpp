@@ -8,6 +8,7 @@
 #include "app/ui/Theme.h"
 
 #include <QtCore/QEvent>
+#include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QShortcut>
 #include <QtWidgets/QHBoxLayout>
@@ -23,7 +24,7 @@ namespace {
 
 constexpr int usualPadding = 20;
 constexpr int buttonGap = 8;
-constexpr int rowGap = 16;
+constexpr int rowGap = 20;
 constexpr int shadowMargin = 28;
 constexpr int shadowDrop = 6;
 constexpr qreal roundedCorner = 14;
@@ -94,7 +95,7 @@ void Sheet::setPadding(int padding)
 
 void Sheet::setConfirmButton(QPushButton* button, ConfirmKey key)
 {
-    m_confirmButton = button;
+    m_confirmKey = key;
     setButtonLook(button, ButtonLook::Default);
     button->setDefault(key == ConfirmKey::AnyReturn);
     for (const Qt::Key returnKey : {Qt::Key_Return, Qt::Key_Enter}) {
@@ -147,6 +148,15 @@ void Sheet::fitIntoWindow()
         place.moveCenter(window->geometry().center());
         move(place.topLeft());
     }
+}
+
+void Sheet::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    // A dialog would press the first button that it finds.
+    if (isReturn && m_confirmKey == ConfirmKey::ControlReturn)
+        return;
+    QDialog::keyPressEvent(event);
 }
 
 void Sheet::paintEvent(QPaintEvent*)

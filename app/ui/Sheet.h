@@ -45,6 +45,7 @@ public:
     qreal panelRadius() const;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -58,7 +59,7 @@ private:
     QVBoxLayout* m_body;
     QHBoxLayout* m_buttonRow;
     QScrollArea* m_scrollArea;
-    QPushButton* m_confirmButton = nullptr;
+    ConfirmKey m_confirmKey = ConfirmKey::AnyReturn;
     int m_panelWidth;
     int m_panelHeight = 0;
     QPointer<Scrim> m_scrim; ///< Belongs to the window that it dims.

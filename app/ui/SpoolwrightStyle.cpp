@@ -1,7 +1,6 @@
 #include "app/ui/SpoolwrightStyle.h"
 
 #include "app/ui/ButtonPainting.h"
-#include "app/ui/ColorMath.h"
 #include "app/ui/Compositing.h"
 #include "app/ui/FocusRing.h"
 #include "app/ui/InputPainting.h"
@@ -9,10 +8,11 @@
 #include "app/ui/MenuPainting.h"
 #include "app/ui/Palette.h"
 #include "app/ui/RoundedPanel.h"
-#include "app/ui/TextStyle.h"
+#include "app/ui/ViewPainting.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QAbstractButton>
+#include <QtWidgets/QAbstractItemView>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
@@ -34,10 +34,6 @@ constexpr int fieldHeight = 28;
 constexpr int comboPadding = 12;
 constexpr int comboArrow = 28;
 constexpr int comboIconGap = 8;
-constexpr int headerHeight = 30;
-constexpr int headerPadding = 8;
-constexpr int headerFirstIndent = 10;
-constexpr qreal rowRadius = 6;
 
 template <typename Option>
 const Option& optionAs(const QStyleOption* option)
@@ -49,58 +45,7 @@ const Option& optionAs(const QStyleOption* option)
 
 bool isPopup(const QWidget* widget)
 {
-    return qobject_cast<const QMenu*>(widget) != nullptr
-        || widget->inherits("QComboBoxPrivateContainer") || widget->inherits("QTipLabel");
-}
-
-/// The ground of a list's entry: one rounded rectangle, in the track's colour without focus.
-void paintItemPanel(QPainter& painter, const QStyleOption& option)
-{
-    const Theme& theme = currentTheme();
-    if ((option.state & QStyle::State_Selected) != 0) {
-        const bool isActive = (option.state & QStyle::State_Active) != 0
-            && (option.state & QStyle::State_HasFocus) != 0;
-        paintRoundedPanel(
-            painter, option.rect, rowRadius, isActive ? theme.selection : theme.track);
-    } else if ((option.state & QStyle::State_MouseOver) != 0
-        && (option.state & QStyle::State_Enabled) != 0) {
-        paintRoundedPanel(painter, option.rect, rowRadius, theme.hover);
-    }
-}
-
-void paintHeaderSection(QPainter& painter, const QRect& rect)
-{
-    const Theme& theme = currentTheme();
-    painter.fillRect(rect, theme.list);
-    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, theme.hairline);
-}
-
-void paintHeaderLabel(QPainter& painter, const QStyleOptionHeader& option)
-{
-    painter.save();
-    painter.setFont(fontOf(TextStyle::Header));
-    painter.setPen(currentTheme().textSecondary);
-    painter.drawText(option.rect,
-        QStyle::visualAlignment(option.direction, option.textAlignment) | Qt::TextSingleLine,
-        painter.fontMetrics().elidedText(option.text, Qt::ElideRight, option.rect.width()));
-    painter.restore();
-}
-
-QRect headerLabelRect(const QStyleOptionHeader& option)
-{
-    const bool isFirst = option.position == QStyleOptionHeader::Beginning
-        || option.position == QStyleOptionHeader::OnlyOneSection;
-    const int indent = headerPadding + (isFirst ? headerFirstIndent : 0);
-    return QStyle::visualRect(
-        option.direction, option.rect, option.rect.adjusted(indent, 0, -headerPadding, -1));
-}
-
-void paintToolTip(QPainter& painter, const QStyleOption& option, const QWidget* widget)
-{
-    const Theme& theme = currentTheme();
-    const bool isRounded = widget != nullptr && widget->testAttribute(Qt::WA_TranslucentBackground)
-        && windowsAreComposited();
-    paintRoundedPanel(painter, option.rect, isRounded ? rowRadius : 0, theme.menu, theme.line);
+    return qobject_cast<const QMenu*>(widget) != nullptr || widget->inherits("QTipLabel");
 }
 
 } // namespace
@@ -130,6 +75,9 @@ void SpoolwrightStyle::polish(QWidget* widget)
     if (qobject_cast<QAbstractButton*>(widget) != nullptr
         || qobject_cast<QComboBox*>(widget) != nullptr)
         widget->setAttribute(Qt::WA_Hover);
+    if (widget->inherits("QComboBoxListView"))
+        qobject_cast<QAbstractItemView*>(widget)->viewport()->setBackgroundRole(
+            QPalette::ToolTipBase);
     if (isPopup(widget) && windowsAreComposited())
         widget->setAttribute(Qt::WA_TranslucentBackground);
 }
@@ -170,10 +118,10 @@ void SpoolwrightStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
     case PE_FrameLineEdit:
         return; // Drawn with the panel: ground and border are one shape.
     case PE_PanelTipLabel:
-        paintToolTip(*painter, *option, widget);
+        ViewPainting::paintToolTip(*painter, *option, widget);
         return;
     case PE_PanelItemViewItem:
-        paintItemPanel(*painter, *option);
+        ViewPainting::paintItem(*painter, *option);
         return;
     case PE_PanelItemViewRow:
         return;
@@ -183,7 +131,7 @@ void SpoolwrightStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
         return;
     case PE_FrameFocusRect:
         if ((option->state & State_KeyboardFocusChange) != 0)
-            paintFocusRing(*painter, option->rect, rowRadius, m_theme);
+            paintFocusRing(*painter, option->rect, ViewPainting::itemRadius, m_theme);
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -211,12 +159,13 @@ void SpoolwrightStyle::drawControl(ControlElement element, const QStyleOption* o
     case CE_Splitter:
         painter->fillRect(option->rect, m_theme.hairline);
         return;
+    case CE_Header:
+        ViewPainting::paintHeaderGround(*painter, option->rect);
+        ViewPainting::paintHeaderLabel(*painter, optionAs<QStyleOptionHeader>(option));
+        return;
     case CE_HeaderSection:
     case CE_HeaderEmptyArea:
-        paintHeaderSection(*painter, option->rect);
-        return;
-    case CE_HeaderLabel:
-        paintHeaderLabel(*painter, optionAs<QStyleOptionHeader>(option));
+        ViewPainting::paintHeaderGround(*painter, option->rect);
         return;
     case CE_ComboBoxLabel: {
         const auto& combo = optionAs<QStyleOptionComboBox>(option);
@@ -296,8 +245,6 @@ int SpoolwrightStyle::pixelMetric(
         return 14;
     case PM_ToolTipLabelFrameWidth:
         return 6;
-    case PM_HeaderMargin:
-        return headerPadding;
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
@@ -311,8 +258,8 @@ int SpoolwrightStyle::styleHint(StyleHint hint, const QStyleOption* option, cons
     case SH_EtchDisabledText:
     case SH_DitherDisabledText:
     case SH_UnderlineShortcut:
-    case SH_ComboBox_Popup:
         return 0;
+    case SH_ComboBox_Popup: // The list of a picker is a menu.
     case SH_Menu_MouseTracking:
     case SH_ScrollBar_LeftClickAbsolutePosition:
         return 1;
@@ -346,12 +293,8 @@ QSize SpoolwrightStyle::sizeFromContents(ContentsType type, const QStyleOption* 
     case CT_ComboBox:
         return {contents.width() + comboPadding + comboIconGap + comboArrow,
             std::max(fieldHeight, option->fontMetrics.height() + 12)};
-    case CT_HeaderSection: {
-        const QFontMetrics metrics(fontOf(TextStyle::Header));
-        const auto& header = optionAs<QStyleOptionHeader>(option);
-        return {metrics.horizontalAdvance(header.text) + 2 * headerPadding + headerFirstIndent,
-            std::max(headerHeight, metrics.height() + 12)};
-    }
+    case CT_HeaderSection:
+        return ViewPainting::headerSize(optionAs<QStyleOptionHeader>(option));
     default:
         return QProxyStyle::sizeFromContents(type, option, contents, widget);
     }
@@ -385,8 +328,6 @@ QRect SpoolwrightStyle::subElementRect(
             return option->rect.adjusted(0, 1, 0, -1); // Its icons keep the text off the ends.
         return option->rect.adjusted(fieldPadding - 2, 1, -fieldPadding + 2, -1);
     }
-    case SE_HeaderLabel:
-        return headerLabelRect(optionAs<QStyleOptionHeader>(option));
     default:
         return QProxyStyle::subElementRect(element, option, widget);
     }
