@@ -29,7 +29,7 @@ private slots:
     void aSignalWhileItStartsEndsItToo();
     void theSizeStaysFromRunToRun();
     void afterAKillItStartsAsAlways();
-    void anUnusableStoreIsLeftAlone();
+    void anUnusableStoreIsToldAndLeftAlone();
 };
 
 void StartTest::initTestCase()
@@ -184,7 +184,7 @@ void StartTest::afterAKillItStartsAsAlways()
     QCOMPARE(spools->size(), 8);
 }
 
-void StartTest::anUnusableStoreIsLeftAlone()
+void StartTest::anUnusableStoreIsToldAndLeftAlone()
 {
     VirtualDesktop desktop;
     const TestHome home;
@@ -196,7 +196,8 @@ void StartTest::anUnusableStoreIsLeftAlone()
     file.close();
 
     RunningProgram program(home, desktop);
-    QVERIFY(program.waitForWindow().has_value());
+    const QString alert = u"Impossible d'ouvrir la base de données"_s;
+    QVERIFY(waitUntil([&] { return desktop.screen().find(alert).has_value(); }));
     QCOMPARE(program.endWith(SIGTERM), 0);
 
     QVERIFY(file.open(QFile::ReadOnly));
