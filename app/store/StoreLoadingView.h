@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+namespace reelhouse {
+
+/// Fills the window while the store is being opened.
+class StoreLoadingView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit StoreLoadingView(QWidget* parent = nullptr);
+};
+
+} // namespace reelhouse
