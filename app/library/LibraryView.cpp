@@ -34,11 +34,11 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     , m_container(container)
     , m_preferences(preferences)
     , m_actions(new SpoolActions(container.context(), this))
-    , m_searchField(new SearchField(this))
-    , m_resultCount(new QLabel(this))
-    , m_body(new QStackedWidget(this))
+    , m_searchField(new SearchField)
+    , m_resultCount(new QLabel)
+    , m_body(new QStackedWidget)
     , m_list(new ListView(container.context(), *m_actions))
-    , m_statusBar(new StatusBarView(this))
+    , m_statusBar(new StatusBarView)
 {
     auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), u"Ajouter un filament"_s);
     addFirst->setEnabled(false);
@@ -57,6 +57,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     m_body->addWidget(m_emptyStock);
     m_body->addWidget(m_noResult);
 
+    // Children come into being in reading order: that is the order assistive technology reads.
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -80,7 +81,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
 
 QWidget* LibraryView::makeFilterBar()
 {
-    auto* bar = new QWidget(this);
+    auto* bar = new QWidget;
     setTextStyle(m_resultCount, TextStyle::Callout);
     setTextTone(m_resultCount, TextTone::Secondary);
     auto* row = new QHBoxLayout(bar);

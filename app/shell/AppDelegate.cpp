@@ -1,10 +1,10 @@
 #include "app/shell/AppDelegate.h"
 
 #include "app/shell/MainWindow.h"
-#include "app/shell/TemporaryStoreNotice.h"
 #include "app/shell/WindowDecoration.h"
 #include "app/shell/WindowPlacement.h"
 #include "app/store/StoreContainer.h"
+#include "app/store/StoreErrorAlert.h"
 #include "app/store/StoreProvider.h"
 #include "app/ui/Alert.h"
 #include "core/model/StoreContext.h"
@@ -18,8 +18,8 @@
 #include <QtWidgets/QApplication>
 
 #include <chrono>
+#include <memory>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace reelhouse {
@@ -170,14 +170,14 @@ void AppDelegate::terminate()
 
 void AppDelegate::presentStoreError(const QString& message)
 {
-    constexpr int openFolder = 1;
-    Alert alert(AlertTone::Warning, u"Impossible d'ouvrir la base de données"_s,
-        TemporaryStoreNotice::sentence() + u"\n\n"_s + message,
-        {{u"Continuer"_s, AlertRole::Confirm},
-            {u"Ouvrir le dossier des données"_s, AlertRole::Other}},
-        m_mainWindow());
-    if (alert.exec() == openFolder)
-        QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
+    const std::unique_ptr<Alert> alert(makeStoreErrorAlert(message, m_mainWindow()));
+    if (StoreErrorAnswer(alert->exec()) == StoreErrorAnswer::OpenDataFolder)
+        openDataFolder();
+}
+
+void AppDelegate::openDataFolder()
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
 }
 
 StoreContainer* AppDelegate::modelContainer() const

@@ -36,6 +36,9 @@ public:
     /// The alert that tells why the program runs on the temporary store. Modal.
     void presentStoreError(const QString& message);
 
+    /// Shows the folder of the stock in the desktop's file browser.
+    void openDataFolder();
+
     StoreContainer* modelContainer() const;
     bool usingInMemoryStore() const;
     bool shouldRestoreWindowState() const;

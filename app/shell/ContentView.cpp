@@ -14,15 +14,15 @@ namespace reelhouse {
 
 ContentView::ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent)
     : QSplitter(Qt::Horizontal, parent)
-    , m_sidebar(new SidebarView(this))
-    , m_screens(new QStackedWidget(this))
+    , m_sidebar(new SidebarView)
+    , m_screens(new QStackedWidget)
     , m_library(new LibraryView(container, preferences))
 {
     setChildrenCollapsible(false);
     setHandleWidth(1);
     m_screens->addWidget(m_library);
 
-    auto* column = new QWidget(this);
+    auto* column = new QWidget;
     auto* columnLayout = new QVBoxLayout(column);
     columnLayout->setContentsMargins(0, 0, 0, 0);
     columnLayout->setSpacing(0);

@@ -3,12 +3,11 @@
 #include "app/shell/ContentView.h"
 #include "app/shell/SingleInstance.h"
 #include "app/store/StoreContainer.h"
+#include "app/store/StoreFailedView.h"
+#include "app/store/StoreLoadingView.h"
 #include "core/model/StoreContext.h"
 
-#include <QtCore/QUrl>
-#include <QtGui/QDesktopServices>
 #include <QtWidgets/QApplication>
-#include <QtWidgets/QLabel>
 
 namespace reelhouse {
 
@@ -43,15 +42,18 @@ void ReelhouseApp::showScreen()
 {
     if (StoreContainer* container = m_provider.container())
         m_window.showScreen(new ContentView(*container, m_preferences));
-    else if (!m_provider.failureMessage().isEmpty())
-        m_window.showScreen(new QLabel(m_provider.failureMessage()));
+    else if (m_provider.failureMessage().isEmpty())
+        m_window.showScreen(new StoreLoadingView);
     else
-        m_window.showScreen(new QWidget);
+        showFailure(m_provider.failureMessage());
 }
 
-void ReelhouseApp::openDataFolder()
+void ReelhouseApp::showFailure(const QString& message)
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
+    auto* screen = new StoreFailedView(message);
+    connect(screen, &StoreFailedView::openDataFolderRequested, &m_delegate,
+        &AppDelegate::openDataFolder);
+    m_window.showScreen(screen);
 }
 
 } // namespace reelhouse

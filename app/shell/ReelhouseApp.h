@@ -28,7 +28,7 @@ public:
 
 private:
     void showScreen();
-    void openDataFolder();
+    void showFailure(const QString& message);
 
     Preferences m_preferences;
     ThemeService m_theme;

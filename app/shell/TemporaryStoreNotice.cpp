@@ -1,5 +1,6 @@
 #include "app/shell/TemporaryStoreNotice.h"
 
+#include "app/store/StoreTexts.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
 #include "app/ui/Symbol.h"
@@ -17,7 +18,7 @@ namespace reelhouse {
 TemporaryStoreNotice::TemporaryStoreNotice(QWidget* parent)
     : QWidget(parent)
 {
-    auto* text = new QLabel(sentence(), this);
+    auto* text = new QLabel(temporaryStoreText(), this);
     setTextStyle(text, TextStyle::Callout);
     setTextTone(text, TextTone::Orange);
     text->setWordWrap(true);
@@ -27,13 +28,6 @@ TemporaryStoreNotice::TemporaryStoreNotice(QWidget* parent)
     row->addWidget(
         new IconView(symbolIcon(u"exclamationmark.triangle.fill"_s, &Theme::orange), 15, this));
     row->addWidget(text, 1);
-}
-
-QString TemporaryStoreNotice::sentence()
-{
-    return u"Spoolwright fonctionne en mode temporaire : les modifications ne seront pas "
-           u"conservées "
-           "après la fermeture."_s;
 }
 
 void TemporaryStoreNotice::paintEvent(QPaintEvent*)

@@ -11,9 +11,6 @@ class TemporaryStoreNotice final : public QWidget {
 public:
     explicit TemporaryStoreNotice(QWidget* parent = nullptr);
 
-    /// The sentence that the alert at the start and this line both say.
-    static QString sentence();
-
 protected:
     void paintEvent(QPaintEvent* event) override;
 };

@@ -8,10 +8,8 @@ namespace reelhouse {
 
 Alert* makeStoreErrorAlert(const QString& message, QWidget* parent)
 {
-    const QString explanation
-        = u"Spoolwright fonctionne en mode temporaire : les modifications ne seront pas "
-          "conservées après la fermeture.\n\n"_s;
-    return new Alert(AlertTone::Warning, storeErrorTitle(), explanation + message,
+    return new Alert(AlertTone::Warning, storeErrorTitle(),
+        temporaryStoreText() + u"\n\n"_s + message,
         {{u"Continuer"_s, AlertRole::Confirm}, {openDataFolderText(), AlertRole::Other}}, parent);
 }
 

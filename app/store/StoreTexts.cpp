@@ -14,4 +14,10 @@ QString openDataFolderText()
     return u"Ouvrir le dossier des données"_s;
 }
 
+QString temporaryStoreText()
+{
+    return u"Spoolwright fonctionne en mode temporaire : les modifications ne seront pas "
+           "conservées après la fermeture."_s;
+}
+
 } // namespace reelhouse

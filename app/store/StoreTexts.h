@@ -4,8 +4,9 @@
 
 namespace reelhouse {
 
-/// What the failure screen and the store alert both say.
+/// What the failure screen, the store alert and the screens over a temporary stock share.
 QString storeErrorTitle();
 QString openDataFolderText();
+QString temporaryStoreText();
 
 } // namespace reelhouse
