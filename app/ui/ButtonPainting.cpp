@@ -214,4 +214,28 @@ void paintRadioIndicator(QPainter& painter, const QStyleOption& option)
     painter.restore();
 }
 
+void paintBox(QPainter& painter, const QStyleOptionButton& option, const QRect& mark,
+    const QRect& label, BoxKind kind)
+{
+    const Theme& theme = currentTheme();
+    QStyleOptionButton markOption = option;
+    markOption.rect = mark;
+    if (kind == BoxKind::Radio)
+        paintRadioIndicator(painter, markOption);
+    else
+        paintCheckIndicator(painter, markOption);
+
+    painter.save();
+    if ((option.state & QStyle::State_Enabled) == 0)
+        painter.setOpacity(disabledOpacity);
+    painter.setPen(theme.textPrimary);
+    painter.drawText(label,
+        QStyle::visualAlignment(option.direction, Qt::AlignLeft | Qt::AlignVCenter)
+            | Qt::TextSingleLine | Qt::TextHideMnemonic,
+        option.text);
+    painter.restore();
+    if (showsFocusRing(option))
+        paintFocusRing(painter, option.rect, radius, theme);
+}
+
 } // namespace reelhouse::ButtonPainting

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtCore/QSize>
+#include <QtCore/QRect>
 
 class QPainter;
 class QStyleOption;
@@ -18,5 +18,13 @@ void paintPushButton(QPainter& painter, const QStyleOptionButton& option, const 
 void paintToolButtonPanel(QPainter& painter, const QStyleOption& option);
 void paintCheckIndicator(QPainter& painter, const QStyleOption& option);
 void paintRadioIndicator(QPainter& painter, const QStyleOption& option);
+
+/// Space around a box and its label, for the focus ring.
+inline constexpr int boxInset = 4;
+enum class BoxKind { Check, Radio };
+
+/// A whole check box or radio button: mark, label, and the focus ring around both.
+void paintBox(QPainter& painter, const QStyleOptionButton& option, const QRect& mark,
+    const QRect& label, BoxKind kind);
 
 } // namespace reelhouse::ButtonPainting

@@ -28,7 +28,7 @@ namespace reelhouse {
 namespace {
 
 constexpr int boxGap = 10;
-constexpr int boxInset = 4;
+using ButtonPainting::boxInset;
 constexpr int fieldPadding = 10;
 constexpr int fieldHeight = 28;
 constexpr int comboPadding = 12;
@@ -58,9 +58,9 @@ const Theme& currentTheme()
     return fallback;
 }
 
-SpoolwrightStyle::SpoolwrightStyle(Theme theme)
+SpoolwrightStyle::SpoolwrightStyle(const Theme& theme)
     : QProxyStyle(QStyleFactory::create(u"Fusion"_s))
-    , m_theme(std::move(theme))
+    , m_theme(theme)
 {
 }
 
@@ -145,6 +145,16 @@ void SpoolwrightStyle::drawControl(ControlElement element, const QStyleOption* o
     case CE_PushButton:
         ButtonPainting::paintPushButton(*painter, optionAs<QStyleOptionButton>(option), widget);
         return;
+    case CE_CheckBox:
+        ButtonPainting::paintBox(*painter, optionAs<QStyleOptionButton>(option),
+            subElementRect(SE_CheckBoxIndicator, option, widget),
+            subElementRect(SE_CheckBoxContents, option, widget), ButtonPainting::BoxKind::Check);
+        return;
+    case CE_RadioButton:
+        ButtonPainting::paintBox(*painter, optionAs<QStyleOptionButton>(option),
+            subElementRect(SE_RadioButtonIndicator, option, widget),
+            subElementRect(SE_RadioButtonContents, option, widget), ButtonPainting::BoxKind::Radio);
+        return;
     case CE_MenuItem:
         MenuPainting::paintItem(*painter, optionAs<QStyleOptionMenuItem>(option), widget);
         return;
@@ -213,35 +223,30 @@ int SpoolwrightStyle::pixelMetric(
         return boxGap;
     case PM_ButtonShiftHorizontal:
     case PM_ButtonShiftVertical:
+    case PM_MenuBarPanelWidth:
+    case PM_MenuPanelWidth:
+    case PM_ScrollView_ScrollBarSpacing:
+    case PM_ScrollView_ScrollBarOverlap:
+    case PM_SubMenuOverlap:
         return 0;
     case PM_ScrollBarExtent:
         return InputPainting::scrollBarExtent;
-    case PM_ScrollView_ScrollBarSpacing:
-    case PM_ScrollView_ScrollBarOverlap:
-        return 0;
     case PM_SplitterWidth:
-    case PM_MenuBarPanelWidth:
-        return metric == PM_SplitterWidth ? 1 : 0;
-    case PM_MenuPanelWidth:
-        return 0;
+        return 1;
     case PM_MenuHMargin:
     case PM_MenuVMargin:
         return MenuPainting::menuPadding;
     case PM_MenuBarHMargin:
     case PM_MenuBarVMargin:
-        return 2;
     case PM_MenuBarItemSpacing:
         return 2;
-    case PM_SubMenuOverlap:
-        return 0;
-    case PM_LineEditIconSize:
-        return 14;
     case PM_LineEditIconMargin:
         return 7;
     case PM_SmallIconSize:
     case PM_ListViewIconSize:
         return 16;
     case PM_ButtonIconSize:
+    case PM_LineEditIconSize:
         return 14;
     case PM_ToolTipLabelFrameWidth:
         return 6;

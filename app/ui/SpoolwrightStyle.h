@@ -11,7 +11,7 @@ class SpoolwrightStyle final : public QProxyStyle {
     Q_OBJECT
 
 public:
-    explicit SpoolwrightStyle(Theme theme);
+    explicit SpoolwrightStyle(const Theme& theme);
 
     const Theme& theme() const { return m_theme; }
     /// Only changes what will be painted next; ThemeService has everything painted again.

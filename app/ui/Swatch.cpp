@@ -3,6 +3,7 @@
 #include "app/ui/ColorMath.h"
 #include "app/ui/Theme.h"
 
+#include <QtCore/QtMath>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
 
@@ -99,11 +100,14 @@ void fillShape(QPainter& painter, const QPainterPath& shape, const QColor& color
         painter.fillPath(shape, theme.surface);
         painter.save();
         painter.setClipPath(shape, Qt::IntersectClip);
-        int row = 0;
-        for (qreal y = box.top(); y < box.bottom(); y += checkerSide, ++row)
-            for (qreal x = box.left() + (row % 2) * checkerSide; x < box.right();
-                 x += 2 * checkerSide)
-                painter.fillRect(QRectF(x, y, checkerSide, checkerSide), theme.sunken);
+        const int rows = qCeil(box.height() / checkerSide);
+        const int columns = qCeil(box.width() / checkerSide);
+        for (int row = 0; row < rows; ++row) {
+            for (int column = row % 2; column < columns; column += 2)
+                painter.fillRect(QRectF(box.left() + column * checkerSide,
+                                     box.top() + row * checkerSide, checkerSide, checkerSide),
+                    theme.sunken);
+        }
         painter.restore();
     }
     painter.fillPath(shape, color);

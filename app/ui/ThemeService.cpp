@@ -4,6 +4,7 @@
 #include "app/ui/SpoolwrightStyle.h"
 
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 namespace reelhouse {
 

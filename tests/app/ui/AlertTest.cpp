@@ -120,7 +120,7 @@ void AlertTest::keysAnswer_data()
     QTest::addColumn<QKeySequence>("key");
     QTest::addColumn<int>("index");
 
-    const auto row = [](const char* name, Case which, QKeySequence key, int index) {
+    const auto row = [](const char* name, Case which, const QKeySequence& key, int index) {
         QTest::newRow(name) << int(which) << key << index;
     };
     row("Return keeps what would be deleted", Case::Delete, Qt::Key_Return, 1);

@@ -151,7 +151,7 @@ void SheetTest::keysCloseIt_data()
     QTest::addColumn<int>("result"); // -1: stays open
 
     const auto row
-        = [](const char* name, ConfirmKey confirmKey, QKeySequence key, bool isInField,
+        = [](const char* name, ConfirmKey confirmKey, const QKeySequence& key, bool isInField,
               int result) { QTest::newRow(name) << int(confirmKey) << key << isInField << result; };
     using enum ConfirmKey;
     row("Escape", AnyReturn, Qt::Key_Escape, false, 0);

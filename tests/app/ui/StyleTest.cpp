@@ -45,6 +45,7 @@ private slots:
     void aFieldShowsItsState_data();
     void aFieldShowsItsState();
     void aTickedBoxIsFilled();
+    void theFocusRingOfABoxSurroundsItsLabel();
     void theSliderOfAScrollBarFollowsItsValue_data();
     void theSliderOfAScrollBarFollowsItsValue();
     void textSizesFollowTheApplicationFont_data();
@@ -365,6 +366,27 @@ void StyleTest::aTickedBoxIsFilled()
     QVERIFY(holds(unticked, theme().control));
     QVERIFY(holds(ticked, theme().accentButton));
     QVERIFY(almostHolds(ticked.copy(4, 4, 18, 18), theme().onAccent));
+}
+
+void StyleTest::theFocusRingOfABoxSurroundsItsLabel()
+{
+    QStyleOptionButton option;
+    option.rect = QRect(0, 0, 120, 28);
+    option.text = u"Type"_s;
+    option.state
+        = QStyle::State_Enabled | QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    for (const QStyle::ControlElement element : {QStyle::CE_CheckBox, QStyle::CE_RadioButton}) {
+        QImage image(option.rect.size(), QImage::Format_RGB32);
+        image.fill(theme().canvas);
+        QPainter painter(&image);
+
+        QApplication::style()->drawControl(element, &option, &painter);
+
+        QCOMPARE(image.pixelColor(0, 14), theme().accent);
+        QCOMPARE(image.pixelColor(119, 14), theme().accent);
+        QCOMPARE(image.pixelColor(2, 14), theme().canvas);
+        QVERIFY(almostHolds(image.copy(32, 0, 80, 28), theme().textPrimary));
+    }
 }
 
 void StyleTest::theSliderOfAScrollBarFollowsItsValue_data()

@@ -1,5 +1,6 @@
 #include "tests/app/ui/gallery/Gallery.h"
 
+#include "app/ui/Alert.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/CapsuleButton.h"
 #include "app/ui/EmptyState.h"
@@ -17,6 +18,8 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QProgressBar>
 #include <QtWidgets/QRadioButton>
 #include <QtWidgets/QVBoxLayout>
 
@@ -66,6 +69,47 @@ QLabel* label(const QString& text, TextTone tone, TextStyle style = TextStyle::B
     return result;
 }
 
+/// Shows what would be a window of its own.
+QLabel* snapshot(QWidget& window)
+{
+    window.ensurePolished();
+    window.resize(window.sizeHint());
+    auto* result = new QLabel;
+    result->setPixmap(window.grab());
+    return result;
+}
+
+QLabel* menuSnapshot()
+{
+    QMenu menu;
+    const auto add = [&menu](const QString& symbol, const QString& title, const QKeySequence& key) {
+        QAction* action = menu.addAction(symbolIcon(symbol), title);
+        action->setShortcut(key);
+        return action;
+    };
+    add(u"plus"_s, u"Ajouter un filament"_s, Qt::CTRL | Qt::Key_N);
+    menu.addSeparator();
+    menu.setActiveAction(add(u"plus.circle"_s, u"Ajouter une bobine"_s, Qt::ALT | Qt::Key_Up));
+    add(u"minus.circle"_s, u"Retirer une bobine"_s, Qt::ALT | Qt::Key_Down)->setEnabled(false);
+    QAction* chosen = menu.addAction(u"Tous"_s);
+    chosen->setCheckable(true);
+    chosen->setChecked(true);
+    menu.addMenu(u"Autres"_s);
+    menu.addSeparator();
+    add(u"trash"_s, u"Supprimer"_s, Qt::Key_Delete);
+    return snapshot(menu);
+}
+
+QLabel* alertSnapshot(
+    AlertTone tone, const QString& title, const QString& message, const QList<AlertButton>& buttons)
+{
+    Alert alert(tone, title, message, buttons);
+    alert.show();
+    auto* result = new QLabel;
+    result->setPixmap(alert.grab());
+    return result;
+}
+
 } // namespace
 
 Gallery::Gallery(QWidget* parent)
@@ -83,6 +127,7 @@ Gallery::Gallery(QWidget* parent)
     addTexts();
     addStatusLines();
     addEmptyState();
+    addMenuAndAlerts();
     m_column->addStretch(1);
 }
 
@@ -178,6 +223,7 @@ void Gallery::addSmallControls()
     auto* offBox = new QCheckBox(u"Lieu"_s);
     offBox->setChecked(true);
     offBox->setEnabled(false);
+    auto* focusedBox = new Frozen<QCheckBox>(keyboardFocus, u"Date"_s);
     auto* chosen = new QRadioButton(u"Portrait"_s);
     chosen->setChecked(true);
     auto* picker = new SegmentedPicker({{u"view.list"_s, u"Liste"_s},
@@ -189,7 +235,7 @@ void Gallery::addSmallControls()
     bar->setValue(13);
     bar->setFixedWidth(80);
     addSection(u"Cases, choix, sélecteur de vue, liste, attente, barre"_s,
-        {{ticked, unticked, offBox, chosen, picker, combo, new Spinner, bar}});
+        {{ticked, unticked, focusedBox, offBox, chosen, picker, combo, new Spinner, bar}});
 }
 
 void Gallery::addTexts()
@@ -224,6 +270,22 @@ void Gallery::addEmptyState()
     auto* empty = new EmptyState(u"spool"_s, u"Stock vide"_s);
     empty->setButton(add);
     addSection(u"État vide"_s, {{empty}});
+}
+
+void Gallery::addMenuAndAlerts()
+{
+    QLabel* deletion = alertSnapshot(AlertTone::Destructive, u"Supprimer ce filament ?"_s,
+        u"Voulez-vous vraiment supprimer PLA ?"_s,
+        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}});
+    QLabel* quit = alertSnapshot(AlertTone::Question, u"Quitter Spoolwright ?"_s,
+        u"Voulez-vous vraiment quitter l'application ?"_s,
+        {{u"Quitter"_s, AlertRole::Confirm}, {u"Annuler"_s, AlertRole::Cancel}});
+    auto* alerts = new QWidget;
+    auto* column = new QVBoxLayout(alerts);
+    column->setContentsMargins({});
+    column->addWidget(deletion);
+    column->addWidget(quit);
+    addSection(u"Menu et alertes"_s, {{menuSnapshot(), alerts}});
 }
 
 } // namespace reelhouse::tests

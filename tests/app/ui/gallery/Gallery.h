@@ -21,6 +21,7 @@ private:
     void addTexts();
     void addStatusLines();
     void addEmptyState();
+    void addMenuAndAlerts();
 
     QVBoxLayout* m_column;
 };
