@@ -43,13 +43,14 @@ public:
     }
 
 private:
+    /// Nothing when no name has it, so that no filament need be asked for its entry.
     template <class T>
     std::vector<bool> namesWithPattern(StoreContext& context) const
     {
         std::vector<bool> found;
         for (const auto& entry : context.fetchAll<T>())
             found.push_back(m_pattern.isFoundIn(entry->name()));
-        return found;
+        return std::ranges::count(found, true) > 0 ? found : std::vector<bool>();
     }
 
     bool isFound(const Filament& filament) const
@@ -57,6 +58,8 @@ private:
         if (m_pattern.matchesEverything())
             return true;
         for (size_t kind = 0; kind < m_isFoundInName.size(); ++kind) {
+            if (m_isFoundInName[kind].empty())
+                continue;
             const FilamentContainer* entry = filament.reference(ReferenceKind(kind));
             if (entry && m_isFoundInName[kind][entry->row()])
                 return true;

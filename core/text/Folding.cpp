@@ -4,7 +4,26 @@
 
 #include <QtCore/QLocale>
 
+#include <algorithm>
+
 namespace reelhouse {
+
+namespace {
+
+/// The place of the letter that French texts have least often: looking for it, the processor is
+/// seldom surprised.
+qsizetype rarestLetter(QStringView folded)
+{
+    static constexpr QStringView byFrequency = u" esaintrulodcpmvqfbgh";
+    const auto rarity = [](QChar letter) {
+        const qsizetype place = byFrequency.indexOf(letter);
+        return place < 0 ? byFrequency.size() : place;
+    };
+    const auto rarest = std::ranges::max_element(folded, {}, rarity);
+    return rarest - folded.begin();
+}
+
+} // namespace
 
 FoldingRules systemFoldingRules()
 {
@@ -23,16 +42,13 @@ QString normalizedForKey(const QString& text, FoldingRules rules)
 {
     const QStringView bare = trimmed(text);
     const FoldingTable& table = FoldingTable::of(rules);
-    QString folded;
-    folded.reserve(bare.size());
-    for (const QChar unit : bare) {
-        const FoldingTable::Folded row = table[unit];
-        if (row.first == FoldingTable::unknown)
+    QString folded(bare.size(), Qt::Uninitialized);
+    QChar* units = folded.data();
+    for (qsizetype place = 0; place < bare.size(); ++place) {
+        const char16_t unit = table[bare.utf16()[place]];
+        if (unit == FoldingTable::special)
             return foldedAsAWhole(bare, rules);
-        if (row.first != FoldingTable::nothing)
-            folded += row.first;
-        if (row.second != FoldingTable::nothing)
-            folded += row.second;
+        units[place] = QChar(unit);
     }
     return folded;
 }
@@ -45,41 +61,64 @@ QString normalizedForSearch(const QString& text, FoldingRules rules)
 SearchPattern::SearchPattern(const QString& query, FoldingRules rules)
     : m_rules(rules)
     , m_folded(normalizedForSearch(query, rules))
-    , m_borders(size_t(m_folded.size()), 0)
+    , m_table(FoldingTable::of(rules))
+    // The quick way does not reckon with the spaces that a text loses at its ends, and takes what
+    // stands for a special unit for one.
+    , m_isQuick(!m_folded.isEmpty() && !m_folded.front().isSpace() && !m_folded.back().isSpace()
+          && !m_folded.contains(FoldingTable::special))
 {
-    for (qsizetype place = 1; place < m_folded.size(); ++place)
-        m_borders[size_t(place)]
-            = advanced(m_borders[size_t(place) - 1], m_folded[place].unicode());
+    if (!m_isQuick)
+        return;
+    m_anchor = rarestLetter(m_folded);
+    for (char16_t unit = 0; unit < FoldingTable::latinEnd; ++unit)
+        m_latinKinds[unit] = findKind(unit);
+}
+
+SearchPattern::Unit SearchPattern::findKind(char16_t unit) const
+{
+    const char16_t folded = m_table[unit];
+    if (folded == FoldingTable::special)
+        return Unit::Special;
+    return folded == m_folded[m_anchor] ? Unit::Anchor : Unit::Plain;
 }
 
 bool SearchPattern::isFoundIn(const QString& text) const
 {
-    if (matchesEverything())
-        return true;
-    const QStringView bare = trimmed(text);
-    const FoldingTable& table = FoldingTable::of(m_rules);
-    qsizetype matched = 0;
-    for (const QChar unit : bare) {
-        const FoldingTable::Folded row = table[unit];
-        // Also right after a match: an unknown mark may change the letter before it.
-        if (row.first == FoldingTable::unknown)
-            return foldedAsAWhole(bare, m_rules).contains(m_folded);
-        if (matched == m_folded.size())
-            return true;
-        if (row.first != FoldingTable::nothing)
-            matched = advanced(matched, row.first);
-        if (row.second != FoldingTable::nothing && matched < m_folded.size())
-            matched = advanced(matched, row.second);
+    if (!m_isQuick)
+        return isFoundInWhole(text);
+    const QStringView units = text;
+    for (qsizetype place = 0; place < units.size(); ++place) {
+        const Unit kind = kindOf(units.utf16()[place]);
+        if (kind == Unit::Plain)
+            continue;
+        if (kind == Unit::Special)
+            return isFoundInWhole(text);
+        const qsizetype start = place - m_anchor;
+        if (start >= 0 && begins(units.sliced(start))) {
+            // A mark may change the letter before it.
+            const qsizetype after = start + m_folded.size();
+            const bool isMarked
+                = after < units.size() && kindOf(units.utf16()[after]) == Unit::Special;
+            return !isMarked || isFoundInWhole(text);
+        }
     }
-    return matched == m_folded.size();
+    return false;
 }
 
-/// How much of the query the text ends with after `unit`, when it ended with `matched` units of it.
-qsizetype SearchPattern::advanced(qsizetype matched, char16_t unit) const
+/// Whether `text`, folded unit by unit, begins with the query.
+bool SearchPattern::begins(QStringView text) const
 {
-    while (matched > 0 && m_folded[matched] != unit)
-        matched = m_borders[size_t(matched) - 1];
-    return m_folded[matched] == unit ? matched + 1 : 0;
+    if (text.size() < m_folded.size())
+        return false;
+    qsizetype place = 0;
+    while (place < m_folded.size() && m_table[text.utf16()[place]] == m_folded[place])
+        ++place;
+    return place == m_folded.size();
+}
+
+bool SearchPattern::isFoundInWhole(const QString& text) const
+{
+    return normalizedForSearch(text, m_rules).contains(m_folded);
 }
 
 } // namespace reelhouse

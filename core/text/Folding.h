@@ -1,8 +1,10 @@
 #pragma once
 
+#include "core/text/FoldingTable.h"
+
 #include <QtCore/QString>
 
-#include <vector>
+#include <array>
 
 namespace reelhouse {
 
@@ -38,13 +40,23 @@ public:
     bool isFoundIn(const QString& text) const;
 
 private:
-    qsizetype advanced(qsizetype matched, char16_t unit) const;
+    /// What a unit is to the query: nothing, what to look for, or not to be folded by itself.
+    enum class Unit : quint8 { Plain, Anchor, Special };
+
+    Unit kindOf(char16_t unit) const
+    {
+        return unit < FoldingTable::latinEnd ? m_latinKinds[unit] : findKind(unit);
+    }
+    Unit findKind(char16_t unit) const;
+    bool begins(QStringView text) const;
+    bool isFoundInWhole(const QString& text) const;
 
     FoldingRules m_rules;
     QString m_folded;
-    /// For each beginning of the query, up to and with a unit: the length of the longest proper
-    /// beginning of the query that it ends with.
-    std::vector<qsizetype> m_borders;
+    const FoldingTable& m_table;
+    std::array<Unit, FoldingTable::latinEnd> m_latinKinds{};
+    qsizetype m_anchor = 0; ///< The place in the query of its rarest letter.
+    bool m_isQuick;
 };
 
 } // namespace reelhouse

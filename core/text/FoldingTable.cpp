@@ -54,9 +54,13 @@ QString foldedAsAWhole(QStringView text, FoldingRules rules)
 
 const FoldingTable& FoldingTable::of(FoldingRules rules)
 {
-    static const FoldingTable standard(FoldingRules::Standard);
-    static const FoldingTable turkic(FoldingRules::Turkic);
-    return rules == FoldingRules::Turkic ? turkic : standard;
+    // Each is made when it is first asked for.
+    if (rules == FoldingRules::Turkic) {
+        static const FoldingTable turkic(rules);
+        return turkic;
+    }
+    static const FoldingTable standard(rules);
+    return standard;
 }
 
 FoldingTable::FoldingTable(FoldingRules rules)
@@ -65,14 +69,7 @@ FoldingTable::FoldingTable(FoldingRules rules)
     for (unsigned row = 0; row < m_rows.size(); ++row) {
         const QChar unit(row < latinEnd ? row : punctuationBegin + row - latinEnd);
         const QString folded = foldedAsAWhole(QStringView(&unit, 1), rules);
-        // In Turkish a mark changes the letter before it.
-        const bool dependsOnNeighbours
-            = rules == FoldingRules::Turkic && isNonSpacingMark(unit.unicode());
-        if (dependsOnNeighbours || folded.size() > 2)
-            m_rows[row] = {unknown, nothing};
-        else
-            m_rows[row] = {!folded.isEmpty() ? folded[0].unicode() : nothing,
-                folded.size() > 1 ? folded[1].unicode() : nothing};
+        m_rows[row] = folded.size() == 1 ? folded[0].unicode() : special;
     }
 }
 

@@ -8,39 +8,32 @@ namespace reelhouse {
 
 enum class FoldingRules : quint8;
 
-/// What single UTF-16 units fold to, for the Latin letters, their diacritics and the common
-/// punctuation. A text of nothing else folds unit by unit, which is what makes folding quick.
+/// What single UTF-16 units fold to: the Latin and Greek letters and the common punctuation.
+/// A text of nothing else folds unit by unit, which is what makes folding quick.
 class FoldingTable final {
 public:
-    /// Up to two units.
-    struct Folded {
-        char16_t first;
-        char16_t second;
-    };
-
-    static constexpr char16_t nothing = 0xFFFF; ///< In place of a unit that is not there.
-    static constexpr char16_t unknown = 0xFFFE; ///< As `first`: the table cannot say.
+    /// Every unit below it has a row; the punctuation has rows of its own.
+    static constexpr char16_t latinEnd = 0x0400;
+    /// Instead of a folded unit: to be folded with its neighbours, or not into just one unit.
+    static constexpr char16_t special = 0xFFFF;
 
     static const FoldingTable& of(FoldingRules rules);
 
-    Folded operator[](QChar unit) const
+    char16_t operator[](char16_t unit) const
     {
-        const unsigned place = unit.unicode();
-        if (place < latinEnd)
-            return m_rows[place];
-        if (place - punctuationBegin < punctuationCount)
-            return m_rows[latinEnd + place - punctuationBegin];
-        return {unknown, nothing};
+        if (unit < latinEnd)
+            return m_rows[unit];
+        const unsigned punctuation = unsigned(unit) - punctuationBegin;
+        return punctuation < punctuationCount ? m_rows[latinEnd + punctuation] : special;
     }
 
 private:
     explicit FoldingTable(FoldingRules rules);
 
-    static constexpr unsigned latinEnd = 0x0370;
     static constexpr unsigned punctuationBegin = 0x2000;
     static constexpr unsigned punctuationCount = 0x70;
 
-    std::array<Folded, latinEnd + punctuationCount> m_rows;
+    std::array<char16_t, latinEnd + punctuationCount> m_rows;
 };
 
 /// Folds any text, by normalising it as a whole; the table is made from this.

@@ -265,6 +265,8 @@ void FoldingTest::searchFindsTheFoldedQueryAsOnePiece_data()
     QTest::newRow("the words in one text") << u"pla noir"_s << u"Mon PLA noir"_s << true;
     QTest::newRow("the words apart") << u"pla noir"_s << u"PLA très noir"_s << false;
     QTest::newRow("longer than the text") << u"rouges"_s << u"rouge"_s << false;
+    QTest::newRow("its end alone") << u"rapide"_s << u"pide rapid"_s << false;
+    QTest::newRow("after its end alone") << u"rapide"_s << u"pide RAPIDE"_s << true;
     QTest::newRow("whole text") << u"rouge"_s << u"Rouge"_s << true;
     QTest::newRow("at the very end") << u"ge"_s << u"Rouge"_s << true;
     QTest::newRow("after a false start") << u"aab"_s << u"aaab"_s << true;
