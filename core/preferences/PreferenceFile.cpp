@@ -70,8 +70,10 @@ bool PreferenceFile::write(const QVariantMap& values) const
     settings.sync();
     if (settings.status() != QSettings::NoError)
         return false;
+    const QFileInfo folder(QFileInfo(m_path).absolutePath());
     syncToDisk(m_path);
-    syncToDisk(QFileInfo(m_path).absolutePath());
+    syncToDisk(folder.filePath());
+    syncToDisk(folder.path()); // The folder may be new as well.
     return true;
 }
 

@@ -11,6 +11,9 @@ namespace reelhouse {
 
 namespace {
 
+/// Qt's windows end there, and whole numbers not far beyond.
+constexpr QSizeF largestWindow(16777215, 16777215);
+
 std::optional<double> finiteNumber(const QVariant& value)
 {
     bool isNumber = false;
@@ -118,7 +121,7 @@ std::optional<QSizeF> Preferences::windowSize() const
     const auto height = finiteNumber(m_values.value(u"windowHeight"_s));
     if (!width || !height || *width <= 0 || *height <= 0)
         return std::nullopt;
-    return QSizeF(*width, *height);
+    return QSizeF(*width, *height).boundedTo(largestWindow);
 }
 
 void Preferences::setWindowSize(QSizeF size)

@@ -46,6 +46,7 @@ public:
     void setMaxBackups(int count);
 
     /// "windowWidth" and "windowHeight": the saved size of the window, if both are numbers above 0.
+    /// Larger than any window can be counts as the largest.
     std::optional<QSizeF> windowSize() const;
     void setWindowSize(QSizeF size);
 

@@ -180,6 +180,8 @@ void PreferencesTest::windowSizeNeedsTwoNumbers_data()
 
     QTest::newRow("both") << QByteArray("windowWidth=1400.5\nwindowHeight=900\n")
                           << QSizeF(1400.5, 900);
+    QTest::newRow("beyond every window")
+        << QByteArray("windowWidth=1e300\nwindowHeight=900\n") << QSizeF(16777215, 900);
     QTest::newRow("width alone") << QByteArray("windowWidth=1400\n") << QSizeF();
     QTest::newRow("height alone") << QByteArray("windowHeight=900\n") << QSizeF();
     QTest::newRow("nan") << QByteArray("windowWidth=nan\nwindowHeight=900\n") << QSizeF();
