@@ -1,13 +1,13 @@
 #include "core/model/StoreContext.h"
 #include "tests/support/RecordingStore.h"
+#include "tests/support/StockPicture.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
-#include <random>
-
 using namespace reelhouse;
+using reelhouse::tests::pictureOf;
 using namespace Qt::StringLiterals;
 
 using Edit = std::function<void(StoreContext&)>;
@@ -31,49 +31,9 @@ private slots:
     void savingForgetsNoAction();
     void hundredActionsAreKept();
     void clearedHistoryUndoesNothing();
-    void undoneAllGivesTheFirstStockAndDoneAllTheLast_data();
-    void undoneAllGivesTheFirstStockAndDoneAllTheLast();
 };
 
 namespace {
-
-template <class T>
-void describe(QStringList& lines, StoreContext& context)
-{
-    for (const auto& entry : context.fetchAll<T>()) {
-        QList<qint64> filaments;
-        for (const Filament* filament : entry->filaments())
-            filaments += filament->id().value;
-        std::ranges::sort(filaments);
-        QString line = QString::number(entry->id().value) + u' ' + entry->name() + u':';
-        if constexpr (std::is_same_v<T, FilamentType>)
-            line += entry->iconName() + u':';
-        for (const qint64 filament : filaments)
-            line += u' ' + QString::number(filament);
-        lines += line;
-    }
-    lines += u"--"_s;
-}
-
-/// Everything that there is to know about a stock, in order.
-QStringList picture(StoreContext& context)
-{
-    QStringList lines;
-    describe<FilamentType>(lines, context);
-    describe<Brand>(lines, context);
-    describe<FilamentRange>(lines, context);
-    describe<Location>(lines, context);
-    for (const auto& filament : context.fetchAll<Filament>()) {
-        const Filament::Values values = filament->values();
-        QString line = QString::number(filament->id().value);
-        for (const qint64 number :
-            {values.spoolsCount, values.openedSpoolsCount, values.dateAddedMs, values.references[0],
-                values.references[1], values.references[2], values.references[3]})
-            line += u' ' + QString::number(number);
-        lines += line + u'|' + values.colorHex + u'|' + values.colorName + u'|' + values.notes;
-    }
-    return lines;
-}
 
 Filament& insertFilament(StoreContext& context, FilamentType* type = nullptr,
     Brand* brand = nullptr, FilamentRange* range = nullptr, Location* location = nullptr)
@@ -193,18 +153,18 @@ void UndoTest::everyKindOfChangeIsUndoneAndDoneAgain()
             if (savesBetween)
                 context.save();
         };
-        const QStringList before = picture(context);
+        const QStringList before = pictureOf(context);
         context.perform(u"Modifier"_s, [&] { edit(context); });
-        const QStringList after = picture(context);
+        const QStringList after = pictureOf(context);
         QVERIFY(after != before);
 
         for (int round = 0; round < 2; ++round) {
             pause();
             context.undo();
-            QCOMPARE(picture(context), before);
+            QCOMPARE(pictureOf(context), before);
             pause();
             context.redo();
-            QCOMPARE(picture(context), after);
+            QCOMPARE(pictureOf(context), after);
         }
     }
 }
@@ -295,7 +255,7 @@ void UndoTest::innerActionJoinsTheOuterOne()
 {
     Fixture fixture;
     StoreContext& context = fixture.context;
-    const QStringList before = picture(context);
+    const QStringList before = pictureOf(context);
 
     context.perform(u"Dehors"_s, [&] {
         fixture.filament(1).setSpoolsCount(5);
@@ -306,7 +266,7 @@ void UndoTest::innerActionJoinsTheOuterOne()
 
     QCOMPARE(context.undoActionName(), u"Dehors"_s);
     context.undo();
-    QCOMPARE(picture(context), before);
+    QCOMPARE(pictureOf(context), before);
     QCOMPARE(context.undoActionName(), QString());
 }
 
@@ -374,13 +334,13 @@ void UndoTest::insertionDoneAgainKeepsWhatWasChangedSince()
     context.perform(u"Ajouter"_s, [&] { insertFilament(context, nullptr, &fixture.brand(1)); });
     fixture.filament(4).setNotes(u"depuis"_s);
     fixture.filament(4).setBrand(&fixture.brand(2));
-    const QStringList after = picture(context);
+    const QStringList after = pictureOf(context);
 
     context.undo();
     context.save();
     context.redo();
 
-    QCOMPARE(picture(context), after);
+    QCOMPARE(pictureOf(context), after);
 }
 
 void UndoTest::undoIsAnnouncedAndSavedLikeAnyEdit()
@@ -410,7 +370,7 @@ void UndoTest::savingForgetsNoAction()
 {
     Fixture fixture;
     StoreContext& context = fixture.context;
-    const QStringList before = picture(context);
+    const QStringList before = pictureOf(context);
     context.perform(u"Un"_s, [&] { fixture.filament(1).setSpoolsCount(5); });
     context.save();
     context.perform(u"Deux"_s, [&] { context.remove(fixture.filament(1)); });
@@ -421,7 +381,7 @@ void UndoTest::savingForgetsNoAction()
     context.save();
     context.undo();
 
-    QCOMPARE(picture(context), before);
+    QCOMPARE(pictureOf(context), before);
 }
 
 void UndoTest::hundredActionsAreKept()
@@ -464,145 +424,6 @@ void UndoTest::clearedHistoryUndoesNothing()
     context.redo();
     QCOMPARE(context.count<Filament>(), 2);
     QCOMPARE(fixture.filament(2).spoolsCount(), 2);
-}
-
-namespace {
-
-/// Edits at random whatever it finds.
-class Meddler final {
-public:
-    Meddler(StoreContext& context, quint32 seed)
-        : m_context(context)
-        , m_random(seed)
-    {
-    }
-
-    void meddle()
-    {
-        switch (below(10)) {
-        case 0:
-            m_context.insert(std::make_unique<FilamentType>(word()));
-            break;
-        case 1:
-            m_context.insert(std::make_unique<Brand>(word()));
-            break;
-        case 2:
-        case 3:
-            insertFilament(m_context, any<FilamentType>(), any<Brand>(), any<FilamentRange>(),
-                any<Location>());
-            break;
-        case 4:
-            if (Filament* filament = any<Filament>())
-                m_context.remove(*filament);
-            break;
-        case 5:
-            if (FilamentType* type = below(2) == 0 ? any<FilamentType>() : nullptr)
-                m_context.remove(*type);
-            else if (Brand* brand = any<Brand>())
-                m_context.remove(*brand);
-            break;
-        case 6:
-            if (Location* location = any<Location>())
-                location->setName(word());
-            break;
-        default:
-            if (Filament* filament = any<Filament>())
-                edit(*filament);
-            break;
-        }
-    }
-
-    size_t below(size_t limit) { return size_t(m_random() % limit); }
-
-private:
-    void edit(Filament& filament)
-    {
-        switch (below(5)) {
-        case 0:
-            filament.setSpoolsCount(qint64(below(5)));
-            break;
-        case 1:
-            filament.setNotes(word());
-            break;
-        case 2:
-            filament.setType(any<FilamentType>());
-            break;
-        case 3:
-            filament.setBrand(any<Brand>());
-            break;
-        default:
-            filament.setRange(any<FilamentRange>());
-            break;
-        }
-    }
-
-    template <class T>
-    T* any()
-    {
-        const auto all = m_context.fetchAll<T>();
-        return all.empty() || below(5) == 0 ? nullptr : all[below(all.size())].get();
-    }
-
-    QString word() { return QString::number(below(10)); }
-
-    StoreContext& m_context;
-    std::mt19937 m_random;
-};
-
-} // namespace
-
-void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast_data()
-{
-    QTest::addColumn<quint32>("seed");
-
-    for (quint32 seed = 1; seed <= 15; ++seed)
-        QTest::addRow("seed %u", seed) << seed;
-}
-
-void UndoTest::undoneAllGivesTheFirstStockAndDoneAllTheLast()
-{
-    QFETCH(quint32, seed);
-    Fixture fixture;
-    StoreContext& context = fixture.context;
-    Meddler meddler(context, seed);
-    QList<QStringList> pictures{picture(context)};
-    const auto pause = [&] {
-        if (meddler.below(3) == 0)
-            context.save();
-    };
-
-    while (pictures.size() < 60) {
-        const QStringList last = pictures.last();
-        context.perform(u"Hasard"_s, [&] {
-            for (size_t step = meddler.below(6) + 1; step > 0; --step)
-                meddler.meddle();
-        });
-        pause();
-        if (picture(context) != last)
-            pictures += picture(context);
-        // Now and then one step back and forth.
-        if (pictures.size() > 1 && meddler.below(4) == 0) {
-            context.undo();
-            pause();
-            QCOMPARE(picture(context), pictures[pictures.size() - 2]);
-            context.redo();
-            QCOMPARE(picture(context), pictures.last());
-        }
-    }
-
-    for (qsizetype step = pictures.size() - 1; step > 0; --step) {
-        QCOMPARE(picture(context), pictures[step]);
-        context.undo();
-        pause();
-    }
-    QCOMPARE(picture(context), pictures.first());
-    QCOMPARE(context.undoActionName(), QString());
-    for (qsizetype step = 1; step < pictures.size(); ++step) {
-        context.redo();
-        pause();
-        QCOMPARE(picture(context), pictures[step]);
-    }
-    QCOMPARE(context.redoActionName(), QString());
 }
 
 REELHOUSE_TEST(UndoTest)
