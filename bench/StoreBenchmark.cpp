@@ -6,6 +6,7 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QFileInfo>
 #include <QtCore/QTemporaryDir>
 
 #include <malloc.h>
@@ -34,11 +35,11 @@ void save(StoreContext& context)
         qFatal("%s", qPrintable(error->description()));
 }
 
-/// A folder for stores, below the working folder: on a disk, as far as that is on one.
+/// A folder for stores beside this program: on a disk, as the temporary folder may not be.
 class Workplace final {
 public:
-    Workplace()
-        : m_folder(QDir::current().filePath(u"bench-XXXXXX"_s))
+    explicit Workplace(const char* program)
+        : m_folder(QFileInfo(QFile::decodeName(program)).dir().filePath(u"stocks-XXXXXX"_s))
     {
     }
 
@@ -185,7 +186,7 @@ void registerFor(int filaments, Workplace& workplace)
 int main(int argc, char* argv[])
 {
     benchmark::Initialize(&argc, argv);
-    reelhouse::bench::Workplace workplace;
+    reelhouse::bench::Workplace workplace(argv[0]);
     for (const int filaments : {1000, 100000, 1000000})
         reelhouse::bench::registerFor(filaments, workplace);
     benchmark::RunSpecifiedBenchmarks();

@@ -173,9 +173,8 @@ std::optional<StoreError> SqliteStore::examine()
 {
     if (sqlite3_db_readonly(m_database.getHandle(), "main") != 0)
         return describeSqliteError(SQLITE_READONLY, {});
-    // Takes the exclusive hold, which outlives the transaction.
-    m_database.exec("BEGIN EXCLUSIVE; COMMIT");
-    // Asked again because the journal may hold a newer header than the file.
+    // Asked again because the journal may hold a newer header than the file. Only questions so far:
+    // even an empty transaction lets SQLite correct the page count in the header.
     m_version = m_database.execAndGet("PRAGMA user_version").getInt();
     const int applicationId = m_database.execAndGet("PRAGMA application_id").getInt();
     if (auto error = checkStoreIdentity(applicationId, m_version))
@@ -191,22 +190,27 @@ std::optional<StoreError> SqliteStore::load(StoreContext& context)
     if (auto error = readStore(m_database.getHandle(), m_version, context))
         return error;
     try {
-        proveWritable();
-        m_writer = std::make_unique<StoreWriter>(m_database);
-        return std::nullopt;
+        return proveWritable();
     } catch (const SQLite::Exception& exception) {
         return errorFrom(exception);
     }
 }
 
-void SqliteStore::proveWritable()
+std::optional<StoreError> SqliteStore::proveWritable()
 {
-    m_database.exec("PRAGMA journal_mode = WAL");
     SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
     StoreSchema::raise(m_database, m_version);
+    // Within the transaction: tables that take no changes are found before anything is written.
+    m_writer = std::make_unique<StoreWriter>(m_database);
     transaction.commit();
     m_version = StoreSchema::currentVersion;
     setConnectionOption(m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, false);
+
+    const std::string mode = m_database.execAndGet("PRAGMA journal_mode = WAL").getString();
+    if (mode != "wal" && mode != "memory")
+        return describeSqliteError(
+            SQLITE_CANTOPEN, u"journal_mode "_s + QString::fromStdString(mode));
+    return std::nullopt;
 }
 
 std::optional<StoreError> SqliteStore::commit(const StockChanges& changes)

@@ -202,6 +202,10 @@ void RefusedStoreTest::damagedFiles_data()
         [](const QString& path) { overwrite(path, 4096 * 12, QByteArray(4096, '\xa7')); });
     row("noise after the first hundred bytes",
         [](const QString& path) { overwrite(path, 100, QByteArray(3996, '\xa7')); });
+    row("one page of noise and a page count that SQLite would correct", [](const QString& path) {
+        overwrite(path, 4096 * 12, QByteArray(4096, '\xa7'));
+        overwrite(path, 24, QByteArray("\0\0\1\0\0\0\0\7", 8));
+    });
     row("a page size that does not exist",
         [](const QString& path) { overwrite(path, 16, QByteArray("\x30\x39", 2)); });
 }
@@ -233,6 +237,9 @@ void RefusedStoreTest::unexpectedStructures_data()
         << u"ALTER TABLE Filament RENAME COLUMN colorHex TO color"_s;
     QTest::newRow("a view in place of a table")
         << u"ALTER TABLE Brand RENAME TO Old; CREATE VIEW Brand AS SELECT * FROM Old"_s;
+    QTest::newRow("a table is named that does not exist")
+        << u"ALTER TABLE Filament ADD COLUMN other INTEGER REFERENCES Nowhere (id)"_s;
+    QTest::newRow("a version of the past with today's columns") << u"PRAGMA user_version = 1"_s;
     QTest::newRow("an identity of zero") << u"INSERT INTO Brand VALUES (0, 'Zéro')"_s;
     QTest::newRow("a negative identity") << u"INSERT INTO Location VALUES (-1, 'Ailleurs')"_s;
 }

@@ -1,11 +1,16 @@
 #include "app/store/SqliteStore.h"
 
+#include "tests/app/store/OtherProcess.h"
 #include "tests/app/store/StoreFixtures.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QDateTime>
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
+
+#include <sqlite3.h>
+#include <unistd.h>
 
 using namespace reelhouse;
 using namespace reelhouse::tests;
@@ -27,6 +32,9 @@ private slots:
     void aSaveIsOnDiskBeforeTheStoreIsClosed();
     void tidyingUpMovesTheJournalIntoTheFile();
     void closingLeavesOneFile();
+    void nobodyElseReadsAnOpenStore();
+    void aStoreOutOfWriteAheadModeIsPutBackIntoIt();
+    void aLinkLeadsToTheStore();
     void theMemoryStoreKeepsNothing();
 
 private:
@@ -272,6 +280,54 @@ void SqliteStoreTest::closingLeavesOneFile()
 {
     makeSmallStore(path());
     QCOMPARE(snapshotOf(m_folder->path()).keys(), QStringList{u"Spoolwright.store"_s});
+}
+
+void SqliteStoreTest::nobodyElseReadsAnOpenStore()
+{
+    makeSmallStore(path());
+    const auto opened = openStore(path());
+    QVERIFY(opened);
+    OtherProcess other([&](const OtherProcess::Report& report) {
+        sqlite3* database = nullptr;
+        sqlite3_open(QFile::encodeName(path()).constData(), &database);
+        const int result
+            = sqlite3_exec(database, "SELECT count(*) FROM Filament", nullptr, nullptr, nullptr);
+        if (result == SQLITE_BUSY)
+            report();
+        else
+            ::_exit(1);
+    });
+    other.waitForReport();
+}
+
+void SqliteStoreTest::aStoreOutOfWriteAheadModeIsPutBackIntoIt()
+{
+    makeSmallStore(path());
+    runSql(path(), u"PRAGMA journal_mode = DELETE"_s);
+    {
+        const auto opened = openStore(path());
+        QVERIFY(opened);
+        QCOMPARE(linesOf(opened.value()->context()), smallStoreLines());
+    }
+    QCOMPARE(askSql(path(), u"PRAGMA journal_mode"_s), u"wal"_s);
+}
+
+void SqliteStoreTest::aLinkLeadsToTheStore()
+{
+    QDir().mkpath(m_folder->filePath(u"elsewhere"_s));
+    const QString target = m_folder->filePath(u"elsewhere/stock"_s);
+    makeSmallStore(target);
+    QVERIFY(QFile::link(target, path()));
+    {
+        const auto opened = openStore(path());
+        QVERIFY(opened);
+        opened.value()->context().find(FilamentId{1})->setNotes(u"Par le lien"_s);
+        QVERIFY(!opened.value()->context().save());
+    }
+    QVERIFY(QFileInfo(path()).isSymLink());
+    const auto opened = openStore(target);
+    QVERIFY(opened);
+    QCOMPARE(opened.value()->context().find(FilamentId{1})->notes(), u"Par le lien"_s);
 }
 
 void SqliteStoreTest::theMemoryStoreKeepsNothing()

@@ -26,6 +26,7 @@ private slots:
     void whenBothStoresFailTheMessageHoldsBothReasons();
     void aStoreThatFailsWhileLoadingIsNotUsed();
     void theContextBelongsToTheMainThread();
+    void theJournalIsMovedIntoTheFileOnceTheProgramIsIdle();
     void destructionWaitsForTheOpening();
 
 private:
@@ -183,6 +184,18 @@ void StoreProviderTest::theContextBelongsToTheMainThread()
     context.insert(std::make_unique<Brand>(u"Sunlu"_s));
     QVERIFY(changes.wait());
     QVERIFY(!context.hasUnsavedChanges());
+}
+
+void StoreProviderTest::theJournalIsMovedIntoTheFileOnceTheProgramIsIdle()
+{
+    StoreProvider provider(paths());
+    QSignalSpy states(&provider, &StoreProvider::stateChanged);
+    provider.loadIfNeeded();
+    QVERIFY(states.wait());
+
+    provider.container()->context().insert(std::make_unique<Brand>(u"Atelier Bleu"_s));
+    QTRY_VERIFY(!provider.container()->context().hasUnsavedChanges());
+    QTRY_VERIFY_WITH_TIMEOUT(bytesOf(paths().storeFile()).contains("Atelier Bleu"), 20000);
 }
 
 void StoreProviderTest::destructionWaitsForTheOpening()
