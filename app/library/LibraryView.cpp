@@ -1,10 +1,12 @@
 #include "app/library/LibraryView.h"
 
+#include "app/library/FilamentTexts.h"
 #include "app/library/LibraryToolbar.h"
 #include "app/library/ListView.h"
 #include "app/library/SpoolActions.h"
 #include "app/library/StatusBarView.h"
 #include "app/store/StoreContainer.h"
+#include "app/ui/Alert.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/EmptyState.h"
 #include "app/ui/Palette.h"
@@ -76,6 +78,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
         [this] { m_searchField->setFocus(Qt::ShortcutFocusReason); });
     connect(m_searchField, &QLineEdit::textEdited, this, &LibraryView::search);
     connect(clear, &QPushButton::clicked, this, &LibraryView::clearSearch);
+    connect(m_actions, &SpoolActions::deletionRequested, this, &LibraryView::confirmDeletion);
     connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
 }
 
@@ -139,6 +142,23 @@ void LibraryView::clearSearch()
     m_searchField->clear();
     m_searchField->setFocus();
     search({});
+}
+
+void LibraryView::confirmDeletion(FilamentId id)
+{
+    const Filament* filament = m_container.context().find(id);
+    if (!filament)
+        return;
+    constexpr int confirmed = 0;
+    auto* alert = new Alert(AlertTone::Destructive, u"Supprimer ce filament ?"_s,
+        FilamentTexts::deletionQuestion(*filament),
+        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, this);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    connect(alert, &QDialog::finished, this, [this, id](int answer) {
+        if (answer == confirmed)
+            m_actions->removeFilament(id);
+    });
+    alert->open();
 }
 
 } // namespace reelhouse

@@ -97,6 +97,9 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
         [this](const QModelIndex& index) { m_actions.addSpool(m_model->idAt(index.row())); });
     connect(delegate, &FilamentRowDelegate::removeSpoolRequested, this,
         [this](const QModelIndex& index) { m_actions.removeSpool(m_model->idAt(index.row())); });
+    addActions(m_actions.commands());
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+        [this] { m_actions.setTarget(selectedFilament()); });
     updateMetrics();
 }
 
@@ -106,14 +109,17 @@ void ListView::showRows(std::vector<FilamentId> rows)
     const int column = std::max(0, currentIndex().column());
     const int scrolled = verticalScrollBar()->value();
     m_model->setRows(std::move(rows));
-    if (selectedFilament() == selected)
+    if (selectedFilament() == selected) {
+        m_actions.setTarget(selected);
         return;
+    }
     const int row = m_model->rowOf(selected);
     if (row >= 0) {
         selectionModel()->setCurrentIndex(m_model->index(row, column),
             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     }
     verticalScrollBar()->setValue(scrolled);
+    m_actions.setTarget(selectedFilament());
 }
 
 FilamentId ListView::selectedFilament() const
@@ -162,6 +168,17 @@ void ListView::mousePressEvent(QMouseEvent* event)
         setCurrentIndex({});
 }
 
+void ListView::keyPressEvent(QKeyEvent* event)
+{
+    // By the character, not by the key: it lies elsewhere on other keyboards and on the keypad.
+    if (event->text() == u"+"_s)
+        m_actions.addSpool(selectedFilament());
+    else if (event->text() == u"-"_s)
+        m_actions.removeSpool(selectedFilament());
+    else
+        QTableView::keyPressEvent(event);
+}
+
 void ListView::leaveEvent(QEvent* event)
 {
     followPointer({-1, -1});
@@ -188,9 +205,10 @@ void ListView::contextMenuEvent(QContextMenuEvent* event)
         = isByKeyboard ? currentIndex() : indexAt(viewport()->mapFromGlobal(event->globalPos()));
     if (!index.isValid())
         return;
+    selectRow(index.row());
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    m_actions.addTo(*menu, m_model->idAt(index.row()));
+    m_actions.addTo(*menu);
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
                              : event->globalPos());
 }

@@ -3,6 +3,7 @@
 #include "app/ui/Symbol.h"
 #include "core/model/StoreContext.h"
 
+#include <QtGui/QAction>
 #include <QtWidgets/QMenu>
 
 #include <limits>
@@ -11,40 +12,106 @@ using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
+namespace {
+
+/// Adds `difference` to the spools of a filament, as an action of that name.
+void changeSpools(StoreContext& context, Filament& filament, const QString& name, qint64 difference)
+{
+    context.performRepeated(name, [&] {
+        filament.setSpoolsCount(filament.spoolsCount() + difference);
+        filament.clampOpenedSpools();
+    });
+}
+
+void changeOpened(StoreContext& context, Filament& filament, const QString& name, qint64 difference)
+{
+    context.performRepeated(name, [&] {
+        filament.setOpenedSpoolsCount(filament.openedSpoolsCount() + difference);
+        filament.clampOpenedSpools();
+    });
+}
+
+} // namespace
+
 SpoolActions::SpoolActions(StoreContext& context, QObject* parent)
     : QObject(parent)
     , m_context(context)
 {
+    addCommand(
+        u"plus.circle"_s, u"Ajouter une bobine"_s, Qt::ALT | Qt::Key_Up, &SpoolActions::addSpool);
+    addCommand(u"minus.circle"_s, u"Retirer une bobine"_s, Qt::ALT | Qt::Key_Down,
+        &SpoolActions::removeSpool);
+    addCommand(u"plus.circle"_s, u"Ajouter une bobine entamée"_s, Qt::ALT | Qt::SHIFT | Qt::Key_Up,
+        &SpoolActions::addOpenedSpool);
+    addCommand(u"minus.circle"_s, u"Supprimer une bobine entamée"_s,
+        Qt::ALT | Qt::SHIFT | Qt::Key_Down, &SpoolActions::removeOpenedSpool);
+    addCommand(u"trash"_s, u"Supprimer"_s, Qt::Key_Delete, &SpoolActions::requestDeletion);
+    setTarget({});
+}
+
+void SpoolActions::addCommand(
+    const QString& symbol, const QString& text, const QKeySequence& key, Command command)
+{
+    auto* action = new QAction(symbolIcon(symbol), text, this);
+    action->setShortcut(key);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcutVisibleInContextMenu(true);
+    connect(action, &QAction::triggered, this, [this, command] { (this->*command)(m_target); });
+    m_commands << action;
+}
+
+void SpoolActions::setTarget(FilamentId id)
+{
+    m_target = id;
+    for (QAction* command : m_commands)
+        command->setEnabled(bool(id));
+}
+
+void SpoolActions::addTo(QMenu& menu)
+{
+    menu.addActions(m_commands.mid(0, 2));
+    menu.addSeparator();
+    menu.addActions(m_commands.mid(2, 2));
+    menu.addSeparator();
+    menu.addAction(m_commands.at(4));
 }
 
 void SpoolActions::addSpool(FilamentId id)
 {
     Filament* filament = m_context.find(id);
-    if (!filament || filament->spoolsCount() == std::numeric_limits<qint64>::max())
-        return;
-    m_context.perform(u"Ajouter une bobine"_s, [&] {
-        filament->setSpoolsCount(filament->spoolsCount() + 1);
-        filament->clampOpenedSpools();
-    });
+    if (filament && filament->spoolsCount() < std::numeric_limits<qint64>::max())
+        changeSpools(m_context, *filament, u"Ajouter une bobine"_s, 1);
 }
 
 void SpoolActions::removeSpool(FilamentId id)
 {
     Filament* filament = m_context.find(id);
-    if (!filament || filament->spoolsCount() <= 1)
+    if (!filament)
         return;
-    m_context.perform(u"Retirer une bobine"_s, [&] {
-        filament->setSpoolsCount(filament->spoolsCount() - 1);
-        filament->clampOpenedSpools();
-    });
+    if (filament->spoolsCount() <= 1)
+        emit deletionRequested(id);
+    else
+        changeSpools(m_context, *filament, u"Retirer une bobine"_s, -1);
 }
 
-void SpoolActions::addTo(QMenu& menu, FilamentId id)
+void SpoolActions::addOpenedSpool(FilamentId id)
 {
-    menu.addAction(
-        symbolIcon(u"plus.circle"_s), u"Ajouter une bobine"_s, this, [this, id] { addSpool(id); });
-    menu.addAction(symbolIcon(u"minus.circle"_s), u"Retirer une bobine"_s, this,
-        [this, id] { removeSpool(id); });
+    Filament* filament = m_context.find(id);
+    if (filament && filament->openedSpoolsCount() < filament->spoolsCount())
+        changeOpened(m_context, *filament, u"Ajouter une bobine entamée"_s, 1);
+}
+
+void SpoolActions::removeOpenedSpool(FilamentId id)
+{
+    Filament* filament = m_context.find(id);
+    if (filament && filament->openedSpoolsCount() >= 1)
+        changeOpened(m_context, *filament, u"Supprimer une bobine entamée"_s, -1);
+}
+
+void SpoolActions::removeFilament(FilamentId id)
+{
+    if (Filament* filament = m_context.find(id))
+        m_context.perform(u"Supprimer"_s, [&] { m_context.remove(*filament); });
 }
 
 } // namespace reelhouse

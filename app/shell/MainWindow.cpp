@@ -40,7 +40,7 @@ void MainWindow::makeMenuBar()
         u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
     quit->setMenuRole(QAction::QuitRole);
 
-    menuBar()->addMenu(u"Édition"_s);
+    m_editMenu = menuBar()->addMenu(u"Édition"_s);
 }
 
 } // namespace reelhouse

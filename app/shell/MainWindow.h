@@ -18,6 +18,9 @@ public:
     /// What the window shows around the screen: its menu bar. Width 0.
     QSize chromeSize() const;
 
+    /// The menu "Édition", which the screens' commands are added to.
+    QMenu& editMenu() { return *m_editMenu; }
+
 signals:
     /// The window is about to close; it will unless the program says no.
     void closing();
@@ -27,6 +30,8 @@ protected:
 
 private:
     void makeMenuBar();
+
+    QMenu* m_editMenu = nullptr;
 };
 
 } // namespace reelhouse

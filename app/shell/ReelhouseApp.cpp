@@ -2,6 +2,7 @@
 
 #include "app/shell/ContentView.h"
 #include "app/shell/SingleInstance.h"
+#include "app/shell/UndoCommands.h"
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreFailedView.h"
 #include "app/store/StoreLoadingView.h"
@@ -41,11 +42,18 @@ int ReelhouseApp::run()
 void ReelhouseApp::showScreen()
 {
     if (StoreContainer* container = m_provider.container())
-        m_window.showScreen(new ContentView(*container, m_preferences));
+        showContent(*container);
     else if (m_provider.failureMessage().isEmpty())
         m_window.showScreen(new StoreLoadingView);
     else
         showFailure(m_provider.failureMessage());
+}
+
+void ReelhouseApp::showContent(StoreContainer& container)
+{
+    auto* content = new ContentView(container, m_preferences);
+    new UndoCommands(container.context(), m_window.editMenu(), content);
+    m_window.showScreen(content);
 }
 
 void ReelhouseApp::showFailure(const QString& message)

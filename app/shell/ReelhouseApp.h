@@ -28,6 +28,7 @@ public:
 
 private:
     void showScreen();
+    void showContent(StoreContainer& container);
     void showFailure(const QString& message);
 
     Preferences m_preferences;

@@ -85,10 +85,21 @@ void StoreContext::noteChange()
 
 void StoreContext::perform(const QString& actionName, const std::function<void()>& edit)
 {
+    run(actionName, edit, Repetition::Apart);
+}
+
+void StoreContext::performRepeated(const QString& actionName, const std::function<void()>& edit)
+{
+    run(actionName, edit, Repetition::Joined);
+}
+
+void StoreContext::run(
+    const QString& actionName, const std::function<void()>& edit, Repetition repetition)
+{
     ++m_performDepth;
     edit();
     if (--m_performDepth == 0)
-        finishAction(actionName);
+        finishAction(actionName, repetition);
 }
 
 template <class T>
@@ -109,12 +120,14 @@ std::vector<StoreContext::Change<T>> StoreContext::takeAction()
     return changes;
 }
 
-void StoreContext::finishAction(const QString& name)
+void StoreContext::finishAction(const QString& name, Repetition repetition)
 {
     Action action{name,
         {takeAction<FilamentType>(), takeAction<Brand>(), takeAction<FilamentRange>(),
             takeAction<Location>(), takeAction<Filament>()}};
     if (std::apply([](const auto&... changes) { return (changes.empty() && ...); }, action.changes))
+        return;
+    if (repetition == Repetition::Joined && joinLatest(action))
         return;
     for (const Action& undone : std::exchange(m_redoable, {}))
         forget(undone);
@@ -123,6 +136,33 @@ void StoreContext::finishAction(const QString& name)
         forget(m_undoable.front());
         m_undoable.pop_front();
     }
+}
+
+bool StoreContext::joinLatest(Action& action)
+{
+    using FilamentChanges = std::vector<Change<Filament>>;
+    if (!m_redoable.empty() || m_undoable.empty() || m_undoable.back().name != action.name)
+        return false;
+    Action& latest = m_undoable.back();
+    auto& former = std::get<FilamentChanges>(latest.changes);
+    auto& added = std::get<FilamentChanges>(action.changes);
+    const auto changesFilamentsOnly = [](const Action& tested) {
+        size_t count = 0;
+        forEach(tested.changes, [&](const auto& changes) { count += changes.size(); });
+        return count == std::get<FilamentChanges>(tested.changes).size();
+    };
+    // What was changed by no action in between is not this action's to undo.
+    const auto goesOn = [](const Change<Filament>& before, const Change<Filament>& after) {
+        return before.entity == after.entity && before.before && before.after && after.before
+            && after.after && *before.after == *after.before;
+    };
+    if (!changesFilamentsOnly(latest) || !changesFilamentsOnly(action)
+        || !std::ranges::equal(former, added, goesOn))
+        return false;
+    for (size_t place = 0; place < former.size(); ++place)
+        former[place].after = std::move(added[place].after);
+    forget(action);
+    return true;
 }
 
 void StoreContext::forget(const Action& action)

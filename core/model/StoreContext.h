@@ -58,6 +58,9 @@ public:
     /// changes is undone and done again together. Within another perform it joins the outer action.
     /// An edit that changes nothing leaves no trace in the history.
     void perform(const QString& actionName, const std::function<void()>& edit);
+    /// The same, for an edit that is often repeated: when the latest action has the same name and
+    /// changed the same entities, this one becomes part of it and both are undone together.
+    void performRepeated(const QString& actionName, const std::function<void()>& edit);
     /// The names of the actions that undo() and redo() would touch next; empty when there is none.
     QString undoActionName() const;
     QString redoActionName() const;
@@ -129,7 +132,11 @@ private:
     void takeOut(std::vector<Change<T>>& changes, Direction direction);
 
     void noteChange();
-    void finishAction(const QString& name);
+    enum class Repetition : quint8 { Apart, Joined };
+
+    void run(const QString& actionName, const std::function<void()>& edit, Repetition repetition);
+    void finishAction(const QString& name, Repetition repetition);
+    bool joinLatest(Action& action);
     void replay(Action& action, Direction direction);
     void forget(const Action& action);
     void deliver();

@@ -1,6 +1,7 @@
 #include "app/library/LibraryView.h"
 
 #include "app/library/ListView.h"
+#include "app/ui/Alert.h"
 #include "app/ui/SearchField.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
@@ -25,6 +26,8 @@ private slots:
     void aSearchWithoutResultOffersToClearIt();
     void anEditIsShownWithTheNextTurn();
     void buttonsWithoutTheirSheetAreDisabledWithTheirHelp();
+    void deletingAsksFirst_data();
+    void deletingAsksFirst();
 };
 
 namespace {
@@ -155,6 +158,51 @@ void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
         QVERIFY(!fixture.button(name)->isEnabled());
         QCOMPARE(fixture.button(name)->toolTip(), help);
     }
+}
+
+void LibraryViewTest::deletingAsksFirst_data()
+{
+    QTest::addColumn<bool>("hasType");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<QString>("expectedQuestion");
+    QTest::addColumn<int>("expectedRows");
+
+    QTest::newRow("confirmed") << true << u"Supprimer"_s
+                               << u"Voulez-vous vraiment supprimer ASA ?"_s << 7;
+    QTest::newRow("cancelled") << true << u"Annuler"_s << u"Voulez-vous vraiment supprimer ASA ?"_s
+                               << 8;
+    QTest::newRow("without a type")
+        << false << u"Supprimer"_s << u"Voulez-vous vraiment supprimer ce filament ?"_s << 7;
+}
+
+void LibraryViewTest::deletingAsksFirst()
+{
+    QFETCH(bool, hasType);
+    QFETCH(QString, answer);
+    QFETCH(QString, expectedQuestion);
+    Fixture fixture(StoreKind::File);
+    auto* list = fixture.library.findChild<ListView*>();
+    list->selectRow(0);
+    if (!hasType) {
+        fixture.stock->context().find(list->selectedFilament())->setType(nullptr);
+        QCoreApplication::processEvents();
+    }
+
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Delete);
+
+    auto* alert = fixture.library.findChild<Alert*>();
+    QVERIFY(alert);
+    QStringList texts;
+    for (const QLabel* label : alert->findChildren<QLabel*>())
+        texts << label->text();
+    QCOMPARE(texts, (QStringList{u"Supprimer ce filament ?"_s, expectedQuestion}));
+    for (QPushButton* button : alert->findChildren<QPushButton*>()) {
+        if (button->text() == answer)
+            button->click();
+    }
+    QCoreApplication::processEvents();
+    QTEST(fixture.rows(), "expectedRows");
 }
 
 REELHOUSE_TEST(LibraryViewTest)

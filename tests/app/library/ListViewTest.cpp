@@ -24,6 +24,7 @@ private slots:
     void twoQuickClicksCountTwiceAndOpenNothing();
     void stepButtonsHideWhereTheyWouldCoverText();
     void theContextMenuActsOnTheRow();
+    void keysChangeTheCountsOfTheSelection();
     void selectionAndScrollPositionHoldAcrossRefreshes();
     void aClickBesideTheRowsClearsTheSelection();
     void tabLeavesTheTable();
@@ -141,6 +142,32 @@ void ListViewTest::theContextMenuActsOnTheRow()
     menu->actions().first()->trigger();
     QCOMPARE(fixture.filament(2).spoolsCount(), 6);
     menu->close();
+}
+
+void ListViewTest::keysChangeTheCountsOfTheSelection()
+{
+    Fixture fixture(3);
+    fixture.list.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.list));
+    fixture.list.setFocus();
+    fixture.list.selectRow(1);
+    const Filament& filament = fixture.filament(1);
+
+    QTest::keyClick(&fixture.list, Qt::Key_Plus);
+    QTest::keyClick(&fixture.list, Qt::Key_Plus, Qt::KeypadModifier);
+    QCOMPARE(filament.spoolsCount(), 7);
+    QTest::keyClick(&fixture.list, Qt::Key_Minus);
+    QCOMPARE(filament.spoolsCount(), 6);
+    QTest::keyClick(&fixture.list, Qt::Key_Up, Qt::AltModifier);
+    QCOMPARE(filament.spoolsCount(), 7);
+    QTest::keyClick(&fixture.list, Qt::Key_Down, Qt::AltModifier);
+    QCOMPARE(filament.spoolsCount(), 6);
+    QTest::keyClick(&fixture.list, Qt::Key_Up, Qt::AltModifier | Qt::ShiftModifier);
+    QTest::keyClick(&fixture.list, Qt::Key_Up, Qt::AltModifier | Qt::ShiftModifier);
+    QTest::keyClick(&fixture.list, Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+    QCOMPARE(filament.openedSpoolsCount(), 1);
+    QCOMPARE(fixture.list.currentIndex().row(), 1);
+    QCOMPARE(fixture.filament(0).spoolsCount(), 5);
 }
 
 void ListViewTest::selectionAndScrollPositionHoldAcrossRefreshes()

@@ -3,6 +3,7 @@
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
 
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QMenu>
 
@@ -11,15 +12,20 @@
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
 
+using Command = void (SpoolActions::*)(FilamentId);
+
 class SpoolActionsTest final : public QObject {
     Q_OBJECT
 
 private slots:
     void countsFollowTheActions_data();
     void countsFollowTheActions();
+    void theLastSpoolAsksToDelete();
+    void aRemovedFilamentComesBackByUndo();
+    void repeatedStepsAreUndoneTogether();
     void anActionIsUndoneUnderItsName();
     void aFilamentThatIsGoneIsPassedOver();
-    void theMenuActsOnItsFilament();
+    void theMenuActsOnTheTarget();
 };
 
 namespace {
@@ -36,38 +42,101 @@ Filament& insertFilament(StoreContext& context, qint64 spools, qint64 opened)
 
 void SpoolActionsTest::countsFollowTheActions_data()
 {
-    QTest::addColumn<bool>("isAddition");
+    QTest::addColumn<Command>("command");
     QTest::addColumn<qint64>("spools");
     QTest::addColumn<qint64>("opened");
     QTest::addColumn<qint64>("expectedSpools");
     QTest::addColumn<qint64>("expectedOpened");
 
-    QTest::newRow("one more") << true << 2LL << 1LL << 3LL << 1LL;
-    QTest::newRow("the first one") << true << 0LL << 0LL << 1LL << 0LL;
-    QTest::newRow("beyond 99") << true << 99LL << 0LL << 100LL << 0LL;
-    QTest::newRow("the largest count stays") << true << largest << 0LL << largest << 0LL;
-    QTest::newRow("one less") << false << 3LL << 1LL << 2LL << 1LL;
-    QTest::newRow("opened ones are lowered with it") << false << 3LL << 3LL << 2LL << 2LL;
-    QTest::newRow("the last one stays") << false << 1LL << 1LL << 1LL << 1LL;
-    QTest::newRow("none stays none") << false << 0LL << 0LL << 0LL << 0LL;
+    const Command add = &SpoolActions::addSpool;
+    QTest::newRow("one more") << add << 2LL << 1LL << 3LL << 1LL;
+    QTest::newRow("the first one") << add << 0LL << 0LL << 1LL << 0LL;
+    QTest::newRow("beyond 99") << add << 99LL << 0LL << 100LL << 0LL;
+    QTest::newRow("the largest count stays") << add << largest << 0LL << largest << 0LL;
+    const Command remove = &SpoolActions::removeSpool;
+    QTest::newRow("one less") << remove << 3LL << 1LL << 2LL << 1LL;
+    QTest::newRow("opened ones are lowered with it") << remove << 3LL << 3LL << 2LL << 2LL;
+    QTest::newRow("the last one stays") << remove << 1LL << 1LL << 1LL << 1LL;
+    QTest::newRow("none stays none") << remove << 0LL << 0LL << 0LL << 0LL;
+    const Command open = &SpoolActions::addOpenedSpool;
+    QTest::newRow("one opened") << open << 2LL << 1LL << 2LL << 2LL;
+    QTest::newRow("all are opened") << open << 2LL << 2LL << 2LL << 2LL;
+    const Command close = &SpoolActions::removeOpenedSpool;
+    QTest::newRow("one opened less") << close << 2LL << 1LL << 2LL << 0LL;
+    QTest::newRow("none is opened") << close << 2LL << 0LL << 2LL << 0LL;
 }
 
 void SpoolActionsTest::countsFollowTheActions()
 {
-    QFETCH(bool, isAddition);
+    QFETCH(Command, command);
     QFETCH(qint64, spools);
     QFETCH(qint64, opened);
     const auto stock = tests::makeMemoryStock();
     const Filament& filament = insertFilament(stock->context(), spools, opened);
     SpoolActions actions(stock->context(), nullptr);
 
-    if (isAddition)
-        actions.addSpool(filament.id());
-    else
-        actions.removeSpool(filament.id());
+    (actions.*command)(filament.id());
 
     QTEST(filament.spoolsCount(), "expectedSpools");
     QTEST(filament.openedSpoolsCount(), "expectedOpened");
+}
+
+void SpoolActionsTest::theLastSpoolAsksToDelete()
+{
+    const auto stock = tests::makeMemoryStock();
+    const Filament& last = insertFilament(stock->context(), 1, 0);
+    const Filament& plenty = insertFilament(stock->context(), 2, 0);
+    SpoolActions actions(stock->context(), nullptr);
+    QSignalSpy asked(&actions, &SpoolActions::deletionRequested);
+
+    actions.removeSpool(plenty.id());
+    QCOMPARE(asked.count(), 0);
+
+    actions.removeSpool(last.id());
+    QCOMPARE(asked.count(), 1);
+    QCOMPARE(asked.first().first().value<FilamentId>(), last.id());
+}
+
+void SpoolActionsTest::aRemovedFilamentComesBackByUndo()
+{
+    const auto stock = tests::makeMemoryStock();
+    StoreContext& context = stock->context();
+    const FilamentId id = insertFilament(context, 4, 2).id();
+    SpoolActions actions(context, nullptr);
+
+    actions.removeFilament(id);
+    QVERIFY(!context.find(id));
+    QCOMPARE(context.undoActionName(), u"Supprimer"_s);
+
+    context.undo();
+    QVERIFY(context.find(id));
+    QCOMPARE(context.find(id)->openedSpoolsCount(), 2);
+}
+
+void SpoolActionsTest::repeatedStepsAreUndoneTogether()
+{
+    const auto stock = tests::makeMemoryStock();
+    StoreContext& context = stock->context();
+    const Filament& filament = insertFilament(context, 3, 0);
+    const Filament& other = insertFilament(context, 3, 0);
+    SpoolActions actions(context, nullptr);
+    actions.addSpool(other.id());
+    actions.addSpool(filament.id());
+    actions.addSpool(filament.id());
+    actions.addSpool(filament.id());
+    actions.removeSpool(filament.id());
+    QCOMPARE(filament.spoolsCount(), 5);
+
+    context.undo();
+    QCOMPARE(filament.spoolsCount(), 6);
+    context.undo();
+    QCOMPARE(filament.spoolsCount(), 3);
+    QCOMPARE(other.spoolsCount(), 4);
+    context.redo();
+    QCOMPARE(filament.spoolsCount(), 6);
+    context.undo();
+    context.undo();
+    QCOMPARE(other.spoolsCount(), 3);
 }
 
 void SpoolActionsTest::anActionIsUndoneUnderItsName()
@@ -98,28 +167,37 @@ void SpoolActionsTest::aFilamentThatIsGoneIsPassedOver()
 
     actions.addSpool(id);
     actions.removeSpool(id);
+    actions.addOpenedSpool(id);
+    actions.removeOpenedSpool(id);
+    actions.removeFilament(id);
 
     QVERIFY(context.undoActionName().isEmpty());
     QCOMPARE(context.count<Filament>(), 0);
 }
 
-void SpoolActionsTest::theMenuActsOnItsFilament()
+void SpoolActionsTest::theMenuActsOnTheTarget()
 {
     const auto stock = tests::makeMemoryStock();
     const Filament& filament = insertFilament(stock->context(), 3, 0);
     SpoolActions actions(stock->context(), nullptr);
     QMenu menu;
 
-    actions.addTo(menu, filament.id());
+    actions.addTo(menu);
 
-    QCOMPARE(menu.actions().size(), 2);
-    QCOMPARE(menu.actions().at(0)->text(), u"Ajouter une bobine"_s);
-    QCOMPARE(menu.actions().at(1)->text(), u"Retirer une bobine"_s);
+    QStringList entries;
+    for (const QAction* entry : menu.actions()) {
+        entries << (entry->isSeparator() ? u"-"_s : entry->text());
+        QVERIFY(entry->isSeparator() || !entry->isEnabled());
+    }
+    QCOMPARE(entries,
+        (QStringList{u"Ajouter une bobine"_s, u"Retirer une bobine"_s, u"-"_s,
+            u"Ajouter une bobine entamée"_s, u"Supprimer une bobine entamée"_s, u"-"_s,
+            u"Supprimer"_s}));
+    actions.setTarget(filament.id());
     menu.actions().at(0)->trigger();
+    menu.actions().at(3)->trigger();
     QCOMPARE(filament.spoolsCount(), 4);
-    menu.actions().at(1)->trigger();
-    menu.actions().at(1)->trigger();
-    QCOMPARE(filament.spoolsCount(), 2);
+    QCOMPARE(filament.openedSpoolsCount(), 1);
 }
 
 REELHOUSE_TEST(SpoolActionsTest)

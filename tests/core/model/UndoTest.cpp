@@ -23,6 +23,8 @@ private slots:
     void actionThatChangesNothingLeavesNoTrace();
     void newActionForgetsWhatWasUndone();
     void innerActionJoinsTheOuterOne();
+    void repeatedActionsAreOneToUndo_data();
+    void repeatedActionsAreOneToUndo();
     void changesOutsideAnActionAreNotUndone();
     void undoLeavesFieldsAloneThatItsActionDidNotChange();
     void removalOutsideAnActionStands();
@@ -268,6 +270,50 @@ void UndoTest::innerActionJoinsTheOuterOne()
     context.undo();
     QCOMPARE(pictureOf(context), before);
     QCOMPARE(context.undoActionName(), QString());
+}
+
+void UndoTest::repeatedActionsAreOneToUndo_data()
+{
+    QTest::addColumn<Edit>("between");
+    QTest::addColumn<QString>("secondName");
+    QTest::addColumn<qint64>("secondFilament");
+    QTest::addColumn<qint64>("expectedAfterOneUndo");
+
+    const Edit nothing = [](StoreContext&) {};
+    QTest::newRow("the same again") << nothing << u"Plus"_s << 1LL << 2LL;
+    QTest::newRow("another name") << nothing << u"Moins"_s << 1LL << 3LL;
+    QTest::newRow("another filament") << nothing << u"Plus"_s << 2LL << 3LL;
+    QTest::newRow("saved in between")
+        << Edit([](StoreContext& context) { context.save(); }) << u"Plus"_s << 1LL << 2LL;
+    QTest::newRow("changed by no action in between")
+        << Edit([](StoreContext& context) { context.find(FilamentId{1})->setNotes(u"autre"_s); })
+        << u"Plus"_s << 1LL << 3LL;
+    QTest::newRow("another action in between") << Edit([](StoreContext& context) {
+        context.perform(u"Noter"_s, [&] { context.find(FilamentId{3})->setNotes(u"autre"_s); });
+    }) << u"Plus"_s << 1LL << 3LL;
+    QTest::newRow("something undone in between") << Edit([](StoreContext& context) {
+        context.perform(u"Noter"_s, [&] { context.find(FilamentId{3})->setNotes(u"autre"_s); });
+        context.undo();
+    }) << u"Plus"_s << 1LL << 3LL;
+}
+
+void UndoTest::repeatedActionsAreOneToUndo()
+{
+    QFETCH(Edit, between);
+    QFETCH(QString, secondName);
+    QFETCH(qint64, secondFilament);
+    Fixture fixture;
+    const auto addSpool = [&](const QString& name, qint64 id) {
+        fixture.context.performRepeated(name,
+            [&] { fixture.filament(id).setSpoolsCount(fixture.filament(id).spoolsCount() + 1); });
+    };
+
+    addSpool(u"Plus"_s, 1);
+    between(fixture.context);
+    addSpool(secondName, secondFilament);
+    fixture.context.undo();
+
+    QTEST(fixture.filament(1).spoolsCount(), "expectedAfterOneUndo");
 }
 
 void UndoTest::changesOutsideAnActionAreNotUndone()
