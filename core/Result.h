@@ -28,10 +28,8 @@ public:
     {
     }
 
-    bool has_value() const
-    {
-        return m_content.index() == 0;
-    } // NOLINT(readability-identifier-naming): std's
+    // NOLINTNEXTLINE(readability-identifier-naming): std's
+    bool has_value() const { return m_content.index() == 0; }
     explicit operator bool() const { return has_value(); }
     Value& value() { return *std::get_if<0>(&m_content); }
     const Value& value() const { return *std::get_if<0>(&m_content); }

@@ -6,9 +6,15 @@
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreFailedView.h"
 #include "app/store/StoreLoadingView.h"
+#include "app/ui/Symbol.h"
 #include "core/model/StoreContext.h"
 
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace reelhouse {
 
@@ -32,6 +38,8 @@ ReelhouseApp::ReelhouseApp(
 int ReelhouseApp::run()
 {
     m_delegate.applicationDidFinishLaunching();
+    // Drawing it at every size takes longer than opening the stock: not before the stock is shown.
+    QTimer::singleShot(1s, this, [] { QGuiApplication::setWindowIcon(applicationIcon()); });
     const int status = QApplication::exec();
     // Whatever ended the event loop, what the last action changed is not lost.
     if (StoreContainer* container = m_provider.container())

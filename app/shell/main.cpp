@@ -1,6 +1,5 @@
 #include "app/shell/ReelhouseApp.h"
 #include "app/shell/SingleInstance.h"
-#include "app/ui/Symbol.h"
 
 #include <QtCore/QLocale>
 #include <QtCore/QTranslator>
@@ -26,6 +25,5 @@ int main(int argc, char* argv[])
     QTranslator french;
     if (french.load(u":/translations/qtbase_fr.qm"_s))
         QCoreApplication::installTranslator(&french);
-    QGuiApplication::setWindowIcon(applicationIcon());
     return ReelhouseApp(paths, Preferences::userFilePath(), instance).run();
 }

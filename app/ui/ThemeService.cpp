@@ -3,6 +3,7 @@
 #include "app/ui/Palette.h"
 #include "app/ui/SpoolwrightStyle.h"
 
+#include <QtCore/QStandardPaths>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -27,6 +28,15 @@ ThemeService::ThemeService(const QDBusConnection& bus, QObject* parent)
     QApplication::setStyle(m_style);
     QApplication::setPalette(paletteOf(m_style->theme()));
     connect(&m_desktop, &DesktopAppearance::changed, this, &ThemeService::follow);
+}
+
+QDBusConnection ThemeService::runningSessionBus()
+{
+    const QString socket
+        = QStandardPaths::locate(QStandardPaths::RuntimeLocation, QStringLiteral("bus"));
+    if (socket.isEmpty() && qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        return QDBusConnection(QString());
+    return QDBusConnection::sessionBus();
 }
 
 Theme ThemeService::themeFor(const Appearance& appearance, ColorScheme fallback)

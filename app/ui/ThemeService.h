@@ -15,7 +15,11 @@ class ThemeService final : public QObject {
 
 public:
     explicit ThemeService(
-        const QDBusConnection& bus = QDBusConnection::sessionBus(), QObject* parent = nullptr);
+        const QDBusConnection& bus = runningSessionBus(), QObject* parent = nullptr);
+
+    /// The session bus, not connected where no session has one: asking for it would start one,
+    /// which takes longer than opening the stock, and nobody would answer there.
+    static QDBusConnection runningSessionBus();
 
     /// The theme that goes with an appearance, `fallback` where it leaves the scheme open.
     static Theme themeFor(const Appearance& appearance, ColorScheme fallback);
