@@ -2,6 +2,7 @@
 
 #include "app/store/SystemErrors.h"
 
+#include <limits>
 #include <memory>
 #include <sqlite3.h>
 
@@ -65,7 +66,8 @@ std::optional<StoreError> readEntries(
     Rows rows(database, query);
     while (rows.next()) {
         const qint64 id = rows.integer(0);
-        if (id <= 0)
+        // Above the largest of all there would be none left for what is added next.
+        if (id <= 0 || id == std::numeric_limits<qint64>::max())
             return impossibleIdentity(id);
         context.load(EntityId<T>{id}, make(rows));
     }

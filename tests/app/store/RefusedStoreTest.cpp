@@ -242,6 +242,8 @@ void RefusedStoreTest::unexpectedStructures_data()
     QTest::newRow("a version of the past with today's columns") << u"PRAGMA user_version = 1"_s;
     QTest::newRow("an identity of zero") << u"INSERT INTO Brand VALUES (0, 'Zéro')"_s;
     QTest::newRow("a negative identity") << u"INSERT INTO Location VALUES (-1, 'Ailleurs')"_s;
+    QTest::newRow("the largest identity")
+        << u"INSERT INTO Brand VALUES (9223372036854775807, 'Dernière')"_s;
 }
 
 void RefusedStoreTest::unexpectedStructures()
