@@ -116,14 +116,18 @@ std::vector<RankedFilament> sortedByRank(
 std::vector<FilamentId> filteredStock(StoreContext& context, const FilterSelection& selection)
 {
     const StockFilter filter(context, selection);
-    const std::vector<quint32> typeRanks = ranksByRow<FilamentType>(context);
-    const std::vector<quint32> brandRanks = ranksByRow<Brand>(context);
-
+    std::vector<quint32> typeRanks;
+    std::vector<quint32> brandRanks;
     std::vector<RankedFilament> kept;
     for (const auto& filament : context.fetchAll<Filament>()) {
-        if (filter.accepts(*filament))
-            kept.push_back({rankOf(filament->type(), typeRanks),
-                rankOf(filament->brand(), brandRanks), filament->id()});
+        if (!filter.accepts(*filament))
+            continue;
+        if (kept.empty()) { // Nothing is ranked for a search without result.
+            typeRanks = ranksByRow<FilamentType>(context);
+            brandRanks = ranksByRow<Brand>(context);
+        }
+        kept.push_back({rankOf(filament->type(), typeRanks), rankOf(filament->brand(), brandRanks),
+            filament->id()});
     }
     kept = sortedByRank(kept, &RankedFilament::brandRank, brandRanks.size());
     kept = sortedByRank(kept, &RankedFilament::typeRank, typeRanks.size());
