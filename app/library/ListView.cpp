@@ -27,6 +27,24 @@ struct ColumnShare {
 constexpr std::array<ColumnShare, 5> columnShares{
     {{21, 150}, {16, 130}, {12, 90}, {13, 110}, {19, 120}}};
 
+/// What the columns without a width have between them.
+struct Remainder {
+    int width;
+    int shares = 0;
+};
+
+Remainder remainderOf(int available, const std::vector<int>& widths)
+{
+    Remainder remainder{available};
+    for (size_t column = 0; column < widths.size(); ++column) {
+        if (widths[column] > 0)
+            remainder.width -= widths[column];
+        else
+            remainder.shares += columnShares[column].share;
+    }
+    return remainder;
+}
+
 } // namespace
 
 std::vector<int> listColumnWidths(int available)
@@ -35,34 +53,19 @@ std::vector<int> listColumnWidths(int available)
     // A column whose share is too small takes its minimum; the others share what is left anew.
     for (bool isSettled = false; !isSettled;) {
         isSettled = true;
-        int left = available;
-        int sharesLeft = 0;
-        for (size_t column = 0; column < widths.size(); ++column) {
-            if (widths[column] > 0)
-                left -= widths[column];
-            else
-                sharesLeft += columnShares[column].share;
-        }
+        const Remainder remainder = remainderOf(available, widths);
         for (size_t column = 0; column < widths.size(); ++column) {
             const auto [share, minimum] = columnShares[column];
-            if (widths[column] == 0 && left * share < minimum * sharesLeft) {
+            if (widths[column] == 0 && remainder.width * share < minimum * remainder.shares) {
                 widths[column] = minimum;
                 isSettled = false;
             }
         }
     }
-    int left = available;
-    int sharesLeft = 0;
     for (size_t column = 0; column < widths.size(); ++column) {
-        left -= widths[column];
-        sharesLeft += widths[column] == 0 ? columnShares[column].share : 0;
-    }
-    for (size_t column = 0; column < widths.size(); ++column) {
-        if (widths[column] > 0)
-            continue;
-        widths[column] = left * columnShares[column].share / sharesLeft;
-        left -= widths[column];
-        sharesLeft -= columnShares[column].share;
+        const Remainder remainder = remainderOf(available, widths);
+        if (widths[column] == 0 && remainder.shares > 0)
+            widths[column] = remainder.width * columnShares[column].share / remainder.shares;
     }
     return widths;
 }

@@ -19,9 +19,9 @@ using namespace std::chrono_literals;
 namespace reelhouse {
 
 ReelhouseApp::ReelhouseApp(
-    StorePaths paths, const QString& preferencesFile, SingleInstance& instance)
+    const StorePaths& paths, const QString& preferencesFile, SingleInstance& instance)
     : m_preferences(preferencesFile)
-    , m_provider(std::move(paths))
+    , m_provider(paths)
     , m_delegate(m_preferences, m_provider, [this] { return &m_window; })
 {
     showScreen();

@@ -21,7 +21,7 @@ public:
     /// `paths` says where the stock lies, `preferencesFile` where the preferences are kept.
     /// `instance` is this program's claim to that stock: it tells when a second launch asks for the
     /// window.
-    ReelhouseApp(StorePaths paths, const QString& preferencesFile, SingleInstance& instance);
+    ReelhouseApp(const StorePaths& paths, const QString& preferencesFile, SingleInstance& instance);
 
     /// Runs the program until the user or the system ends it; returns its exit status.
     int run();

@@ -47,7 +47,7 @@ StoreProvider::Outcome openEither(const StorePaths& paths, const StoreOpeners& o
 
 } // namespace
 
-StoreProvider::StoreProvider(StorePaths paths, QObject* parent)
+StoreProvider::StoreProvider(const StorePaths& paths, QObject* parent)
     : StoreProvider(paths, sqliteOpeners(paths), parent)
 {
 }

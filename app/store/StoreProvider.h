@@ -33,7 +33,7 @@ public:
     };
 
     /// With the openers of SqliteStore.
-    explicit StoreProvider(StorePaths paths, QObject* parent = nullptr);
+    explicit StoreProvider(const StorePaths& paths, QObject* parent = nullptr);
     StoreProvider(StorePaths paths, StoreOpeners openers, QObject* parent = nullptr);
     ~StoreProvider() override;
 
