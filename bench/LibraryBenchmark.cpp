@@ -56,7 +56,7 @@ void editToPaintedList(benchmark::State& state)
 {
     ShownLibrary library(int(state.range(0)));
     Filament& filament = *library.context().fetchAll<Filament>().front();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         filament.setSpoolsCount(filament.spoolsCount() + 1);
         library.context().processPendingChanges();
         library.paint();
@@ -67,7 +67,7 @@ void editToPaintedList(benchmark::State& state)
 void twoKeysToPaintedList(benchmark::State& state)
 {
     ShownLibrary library(int(state.range(0)));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         emit library.searchField().textEdited(u"e"_s);
         library.paint();
         emit library.searchField().textEdited({});
