@@ -31,7 +31,7 @@ void measureBesideFloor(benchmark::State& state, Ours ours, Floor floor)
 {
     std::vector<double> ourSeconds;
     std::vector<double> floorSeconds;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         floorSeconds.push_back(floor());
         ourSeconds.push_back(ours());
         state.SetIterationTime(ourSeconds.back());

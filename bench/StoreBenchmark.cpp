@@ -60,7 +60,7 @@ public:
 
     QString copyOf(const QString& path, const QString& name) const
     {
-        const QString copy = filePath(name);
+        QString copy = filePath(name);
         QFile::remove(copy);
         QFile::copy(path, copy);
         return copy;
@@ -154,7 +154,7 @@ void residentMemory(benchmark::State& state, Workplace& workplace)
 {
     const QString path = workplace.stockOf(int(state.range()));
     double bytes = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         malloc_trim(0); // What earlier measurements freed would be used again unseen.
         const qint64 before = residentBytes();
         const auto container = openStock(path);
