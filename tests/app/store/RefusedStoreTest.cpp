@@ -52,6 +52,8 @@ private:
 
 namespace {
 
+constexpr qint64 page = 4096; // bytes, SQLite's own default
+
 using Preparation = std::function<void(const QString& path)>;
 
 QByteArray name(const QString& path)
@@ -194,16 +196,16 @@ void RefusedStoreTest::damagedFiles_data()
         = [](const char* title, const Preparation& damage) { QTest::newRow(title) << damage; };
     row("cut within the header page", [](const QString& path) { cut(path, 2000); });
     row("only the header", [](const QString& path) { cut(path, 100); });
-    row("cut at a page", [](const QString& path) { cut(path, 4096 * 8); });
+    row("cut at a page", [](const QString& path) { cut(path, 8 * page); });
     row("cut within a page", [](const QString& path) { cut(path, 4096 * 8 + 17); });
     row("one page of zeros",
-        [](const QString& path) { overwrite(path, 4096 * 9, QByteArray(4096, '\0')); });
+        [](const QString& path) { overwrite(path, 9 * page, QByteArray(4096, '\0')); });
     row("one page of noise",
-        [](const QString& path) { overwrite(path, 4096 * 12, QByteArray(4096, '\xa7')); });
+        [](const QString& path) { overwrite(path, 12 * page, QByteArray(4096, '\xa7')); });
     row("noise after the first hundred bytes",
         [](const QString& path) { overwrite(path, 100, QByteArray(3996, '\xa7')); });
     row("one page of noise and a page count that SQLite would correct", [](const QString& path) {
-        overwrite(path, 4096 * 12, QByteArray(4096, '\xa7'));
+        overwrite(path, 12 * page, QByteArray(4096, '\xa7'));
         overwrite(path, 24, QByteArray("\0\0\1\0\0\0\0\7", 8));
     });
     row("a page size that does not exist",
@@ -311,7 +313,7 @@ void RefusedStoreTest::aPendingJournalIsKept()
 void RefusedStoreTest::aRollbackJournalIsKeptWithADamagedFile()
 {
     makeManyPages(path());
-    overwrite(path(), 4096 * 2, QByteArray(4096, '\xa7'));
+    overwrite(path(), 2 * page, QByteArray(4096, '\xa7'));
     leaveRollbackJournal(path());
     expectRefusal(u"La base de données est endommagée"_s);
 }
