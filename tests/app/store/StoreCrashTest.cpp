@@ -93,7 +93,7 @@ void StoreCrashTest::aKilledProgramLosesNothingItHadSaved()
             }
         });
         other.waitForReport();
-        QThread::usleep(quint32(round) * 3000);
+        QThread::usleep(static_cast<unsigned long>(round) * 3000);
         acknowledged += other.kill();
 
         const auto opened = openStore(path());
@@ -117,7 +117,7 @@ void StoreCrashTest::aKilledCreationLeavesAUsableName()
             const auto opened = openStore(path());
         });
         other.waitForReport();
-        QThread::usleep(quint32(attempt) * 500);
+        QThread::usleep(static_cast<unsigned long>(attempt) * 500);
         other.kill();
 
         QCOMPARE(refusal(path()), QString());
