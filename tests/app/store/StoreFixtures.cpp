@@ -102,7 +102,7 @@ QString askSql(const QString& path, const QString& sql)
     sqlite3_prepare_v2(connection.handle(), sql.toUtf8().constData(), -1, &statement, nullptr);
     if (sqlite3_step(statement) != SQLITE_ROW)
         qFatal("The test's question has no answer: %s", sqlite3_errmsg(connection.handle()));
-    const QString answer
+    QString answer
         = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, 0)),
             sqlite3_column_bytes(statement, 0));
     sqlite3_finalize(statement);
