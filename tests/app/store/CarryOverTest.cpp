@@ -281,7 +281,7 @@ void CarryOverTest::aCrashLeavesNoHalfCopy()
             carryOver();
         });
         other.waitForReport();
-        QThread::usleep(quint32(attempt) * 500);
+        QThread::usleep(500UL * static_cast<unsigned long>(attempt));
         other.kill();
         if (!QFileInfo::exists(store()))
             continue;

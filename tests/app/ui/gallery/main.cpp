@@ -3,6 +3,7 @@
 #include "app/ui/ThemeService.h"
 #include "tests/app/ui/gallery/Gallery.h"
 
+#include <QtCore/QThread>
 #include <QtGui/QPainter>
 #include <QtWidgets/QApplication>
 
