@@ -20,7 +20,7 @@ namespace {
 
 constexpr int narrowest = 420;
 constexpr int widest = 500;
-constexpr int padding = 22;
+constexpr int alertPadding = 22;
 constexpr int tileSide = 44;
 constexpr int tileGap = 16;
 constexpr int symbolSide = 20;
@@ -67,7 +67,7 @@ Alert::Alert(AlertTone tone, const QString& title, const QString& message,
     const QList<AlertButton>& buttons, QWidget* parent)
     : Sheet(title, narrowest, parent)
 {
-    setPadding(padding);
+    setPadding(alertPadding);
     addTexts(tone, title, message);
     addButtons(buttons);
 }
@@ -93,7 +93,8 @@ void Alert::addTexts(AlertTone tone, const QString& title, const QString& messag
 
     const int longestLine = std::max(titleLabel->fontMetrics().size(0, title).width(),
         messageLabel->fontMetrics().size(0, message).width());
-    setPanelSize(std::clamp(2 * padding + tileSide + tileGap + longestLine + 2, narrowest, widest));
+    setPanelSize(
+        std::clamp(2 * alertPadding + tileSide + tileGap + longestLine + 2, narrowest, widest));
 }
 
 void Alert::addButtons(const QList<AlertButton>& buttons)

@@ -25,7 +25,6 @@ constexpr int iconGap = 8;
 constexpr int controlHeight = 32;
 constexpr qreal radius = 8;
 constexpr qreal boxRadius = 5;
-constexpr qreal disabledOpacity = 0.45;
 constexpr qreal pressedDarkening = 0.14;
 
 bool isFilled(ButtonLook look)

@@ -26,7 +26,6 @@ constexpr int iconSide = 14;
 constexpr int gap = 6;
 constexpr int chevronSide = 10;
 constexpr int longestValue = 112;
-constexpr qreal disabledOpacity = 0.45;
 constexpr qreal hoverDarkening = 0.04;
 
 } // namespace

@@ -4,6 +4,9 @@
 
 namespace reelhouse {
 
+/// What a control that cannot be used is painted with.
+inline constexpr qreal disabledOpacity = 0.45;
+
 /// `over` laid over the opaque `ground`, as painting would.
 QColor blended(const QColor& over, const QColor& ground);
 

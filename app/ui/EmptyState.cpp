@@ -13,9 +13,9 @@ namespace reelhouse {
 
 namespace {
 
-constexpr int symbolSide = 32;
-constexpr int tileSide = 76;
-constexpr qreal tileRadius = 22;
+constexpr int largeSymbolSide = 32;
+constexpr int largeTileSide = 76;
+constexpr qreal largeTileRadius = 22;
 constexpr int widestText = 420;
 
 QLabel* centredLabel(const QString& text, TextStyle style, QWidget* parent)
@@ -36,8 +36,8 @@ EmptyState::EmptyState(
     : QWidget(parent)
     , m_column(new QVBoxLayout(this))
 {
-    auto* icon = new IconView(symbolIcon(symbol), symbolSide, this);
-    icon->setTile(tileSide, tileRadius, &Theme::sunken);
+    auto* icon = new IconView(symbolIcon(symbol), largeSymbolSide, this);
+    icon->setTile(largeTileSide, largeTileRadius, &Theme::sunken);
 
     m_column->setSpacing(0);
     m_column->addStretch(1);

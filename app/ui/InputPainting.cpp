@@ -23,7 +23,6 @@ namespace {
 constexpr qreal fieldRadius = 8;
 constexpr qreal haloWidth = 2;
 constexpr qreal haloOpacity = 0.28;
-constexpr qreal disabledOpacity = 0.45;
 constexpr int sliderMinimum = 32;
 constexpr qreal sliderThickness = 6;
 constexpr qreal barThickness = 8;

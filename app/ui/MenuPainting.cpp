@@ -26,14 +26,13 @@ constexpr int separatorHeight = 11;
 constexpr int separatorInset = 7;
 constexpr int iconLeft = 10;
 constexpr int iconColumn = 18;
-constexpr int iconSide = 16;
+constexpr int menuIconSide = 16;
 constexpr int textLeft = 36;
 constexpr int textRight = 12;
 constexpr int arrowSide = 10;
 constexpr int tickSide = 14;
 constexpr qreal entryRadius = 6;
 constexpr qreal menuRadius = 10;
-constexpr qreal disabledOpacity = 0.45;
 
 /// The entry that deletes, wherever a menu holds it.
 bool isDelete(const QString& title, const QWidget* widget)
@@ -138,8 +137,8 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& option, const QWid
     if (!isEnabled)
         painter.setOpacity(disabledOpacity);
 
-    const QRect iconRect(option.rect.left() + iconLeft + (iconColumn - iconSide) / 2,
-        option.rect.top() + (option.rect.height() - iconSide) / 2, iconSide, iconSide);
+    const QRect iconRect(option.rect.left() + iconLeft + (iconColumn - menuIconSide) / 2,
+        option.rect.top() + (option.rect.height() - menuIconSide) / 2, menuIconSide, menuIconSide);
     paintIcon(painter, option, placed(iconRect), isRed);
 
     const QRect textRect = option.rect.adjusted(textLeft, 0, -textRight, 0);

@@ -8,8 +8,6 @@ namespace reelhouse {
 
 namespace {
 
-constexpr qreal disabledOpacity = 0.45;
-
 } // namespace
 
 QPalette paletteOf(const Theme& theme)

@@ -14,7 +14,7 @@ namespace reelhouse {
 
 namespace {
 
-constexpr int fadeDuration = 140; // milliseconds
+constexpr int scrimFadeDuration = 140; // milliseconds
 
 } // namespace
 
@@ -32,7 +32,7 @@ Scrim::Scrim(QWidget* window)
         return;
     }
     auto* animation = new QVariantAnimation(this);
-    animation->setDuration(fadeDuration);
+    animation->setDuration(scrimFadeDuration);
     animation->setEasingCurve(QEasingCurve::OutQuad);
     animation->setStartValue(0.0);
     animation->setEndValue(1.0);

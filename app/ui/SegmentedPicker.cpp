@@ -15,11 +15,10 @@ namespace reelhouse {
 namespace {
 
 constexpr QSize segmentSize(40, 28);
-constexpr int iconSide = 15;
+constexpr int segmentIconSide = 15;
 constexpr int trackPadding = 2;
 constexpr qreal trackRadius = 8;
 constexpr qreal segmentRadius = 7;
-constexpr qreal disabledOpacity = 0.45;
 
 } // namespace
 
@@ -71,7 +70,7 @@ void SegmentButton::paintEvent(QPaintEvent*)
     if (showsFocusRing(option))
         paintFocusRing(painter, body, segmentRadius, theme);
 
-    QRectF icon(0, 0, iconSide, iconSide);
+    QRectF icon(0, 0, segmentIconSide, segmentIconSide);
     icon.moveCenter(body.center());
     paintSymbol(painter, icon, m_symbol, isChosen ? theme.chosenIcon : theme.textSecondary);
 }

@@ -311,15 +311,15 @@ QRect SpoolwrightStyle::subElementRect(
     const auto placed = [option](const QRect& rect) {
         return QStyle::visualRect(option->direction, option->rect, rect);
     };
-    constexpr int side = ButtonPainting::indicatorSize;
+    constexpr int indicator = ButtonPainting::indicatorSize;
     switch (element) {
     case SE_CheckBoxIndicator:
     case SE_RadioButtonIndicator:
         return placed({option->rect.left() + boxInset,
-            option->rect.top() + (option->rect.height() - side) / 2, side, side});
+            option->rect.top() + (option->rect.height() - indicator) / 2, indicator, indicator});
     case SE_CheckBoxContents:
     case SE_RadioButtonContents:
-        return placed(option->rect.adjusted(boxInset + side + boxGap, 0, -boxInset, 0));
+        return placed(option->rect.adjusted(boxInset + indicator + boxGap, 0, -boxInset, 0));
     case SE_CheckBoxFocusRect:
     case SE_RadioButtonFocusRect:
     case SE_CheckBoxClickRect:

@@ -21,13 +21,13 @@ namespace reelhouse {
 
 namespace {
 
-constexpr int widest = 640;
-constexpr int padding = 12;
+constexpr int widestLine = 640;
+constexpr int linePadding = 12;
 constexpr int verticalPadding = 8;
-constexpr int iconSide = 15;
+constexpr int lineIconSide = 15;
 constexpr int iconGap = 8;
 constexpr qreal panelRadius = 9;
-constexpr int fadeDuration = 150; // milliseconds
+constexpr int lineFadeDuration = 150; // milliseconds
 
 struct Look {
     QString symbol;
@@ -77,7 +77,7 @@ private:
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent)
     , m_panel(new Panel(this))
-    , m_icon(new IconView(QIcon(), iconSide, m_panel))
+    , m_icon(new IconView(QIcon(), lineIconSide, m_panel))
     , m_label(new QLabel(m_panel))
 {
     m_label->setTextFormat(Qt::PlainText);
@@ -85,7 +85,7 @@ StatusLine::StatusLine(QWidget* parent)
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     auto* content = new QHBoxLayout(m_panel);
-    content->setContentsMargins(padding, verticalPadding, padding, verticalPadding);
+    content->setContentsMargins(linePadding, verticalPadding, linePadding, verticalPadding);
     content->setSpacing(iconGap);
     content->addWidget(m_icon, 0, Qt::AlignTop);
     content->addWidget(m_label, 1);
@@ -109,7 +109,8 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
     setTextTone(m_label, look.tone);
 
     const int textWidth = m_label->fontMetrics().size(0, text).width() + 2;
-    m_panel->setMaximumWidth(std::min(widest, 2 * padding + iconSide + iconGap + textWidth));
+    m_panel->setMaximumWidth(
+        std::min(widestLine, 2 * linePadding + lineIconSide + iconGap + textWidth));
     m_label->setText(text);
     m_panel->setVisible(true);
     fadeIn();
@@ -137,7 +138,7 @@ void StatusLine::fadeIn()
     effect->setOpacity(0);
     m_panel->setGraphicsEffect(effect); // Takes the place of one that may still be running.
     auto* animation = new QPropertyAnimation(effect, "opacity", effect);
-    animation->setDuration(fadeDuration);
+    animation->setDuration(lineFadeDuration);
     animation->setEndValue(1.0);
     connect(animation, &QPropertyAnimation::finished, m_panel,
         [this] { m_panel->setGraphicsEffect(nullptr); });

@@ -18,8 +18,6 @@ namespace reelhouse {
 
 namespace {
 
-constexpr qreal disabledOpacity = 0.45;
-
 /// The build gives each embedded drawing the name of its symbol.
 QString drawingOf(const QString& name)
 {

@@ -17,6 +17,6 @@ bool registerTest(const char* name, TestFactory factory);
 /// Stands once in the .cpp of a test class, before its .moc is included.
 #define REELHOUSE_TEST(Class)                                                                      \
     namespace {                                                                                    \
-    const bool isRegistered                                                                        \
+    const bool is##Class##Registered                                                               \
         = reelhouse::tests::registerTest(#Class, [] { return std::make_unique<Class>(); });        \
     }

@@ -32,8 +32,8 @@ private slots:
 
 namespace {
 
-struct Fixture {
-    explicit Fixture(StoreKind kind)
+struct LibraryViewFixture {
+    explicit LibraryViewFixture(StoreKind kind)
         : stock(tests::makeMemoryStock(kind))
         , library(*stock, preferences)
     {
@@ -78,7 +78,7 @@ struct Fixture {
 
 void LibraryViewTest::theFirstAppearanceSeedsAFileStoreOnce()
 {
-    Fixture fixture(StoreKind::File);
+    LibraryViewFixture fixture(StoreKind::File);
     QCOMPARE(fixture.rows(), 8);
     QVERIFY(fixture.preferences.didSeedSampleData());
     QVERIFY(fixture.shownTexts().contains(u"8 résultats"_s));
@@ -92,7 +92,7 @@ void LibraryViewTest::theFirstAppearanceSeedsAFileStoreOnce()
 
 void LibraryViewTest::theTemporaryStoreIsNeverSeeded()
 {
-    const Fixture fixture(StoreKind::Memory);
+    const LibraryViewFixture fixture(StoreKind::Memory);
 
     QCOMPARE(fixture.rows(), 0);
     QVERIFY(!fixture.preferences.didSeedSampleData());
@@ -100,7 +100,7 @@ void LibraryViewTest::theTemporaryStoreIsNeverSeeded()
 
 void LibraryViewTest::theSearchNarrowsTheList()
 {
-    Fixture fixture(StoreKind::File);
+    LibraryViewFixture fixture(StoreKind::File);
 
     fixture.type(u"etagere b"_s);
     QCOMPARE(fixture.rows(), 2);
@@ -114,7 +114,7 @@ void LibraryViewTest::theSearchNarrowsTheList()
 
 void LibraryViewTest::anEmptyStockSaysSo()
 {
-    const Fixture fixture(StoreKind::Memory);
+    const LibraryViewFixture fixture(StoreKind::Memory);
 
     QVERIFY(fixture.shownTexts().contains(u"Stock vide"_s));
     QVERIFY(fixture.shownTexts().contains(u"0 résultat"_s));
@@ -123,7 +123,7 @@ void LibraryViewTest::anEmptyStockSaysSo()
 
 void LibraryViewTest::aSearchWithoutResultOffersToClearIt()
 {
-    Fixture fixture(StoreKind::File);
+    LibraryViewFixture fixture(StoreKind::File);
     fixture.type(u"fluorescent"_s);
     QCOMPARE(fixture.rows(), 0);
     QVERIFY(!fixture.shownTexts().contains(u"Stock vide"_s));
@@ -136,7 +136,7 @@ void LibraryViewTest::aSearchWithoutResultOffersToClearIt()
 
 void LibraryViewTest::anEditIsShownWithTheNextTurn()
 {
-    Fixture fixture(StoreKind::File);
+    LibraryViewFixture fixture(StoreKind::File);
     StoreContext& context = fixture.stock->context();
 
     context.remove(*context.fetchAll<Filament>().front());
@@ -148,7 +148,7 @@ void LibraryViewTest::anEditIsShownWithTheNextTurn()
 
 void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
 {
-    const Fixture fixture(StoreKind::File);
+    const LibraryViewFixture fixture(StoreKind::File);
     const std::pair<QString, QString> helps[]{{u"Ajouter"_s, u"Ajouter un filament"_s},
         {u"Imprimer"_s, u"Imprimer la liste du stock"_s},
         {u"À propos de Spoolwright"_s, u"À propos de Spoolwright"_s}};
@@ -180,7 +180,7 @@ void LibraryViewTest::deletingAsksFirst()
     QFETCH(bool, hasType);
     QFETCH(QString, answer);
     QFETCH(QString, expectedQuestion);
-    Fixture fixture(StoreKind::File);
+    LibraryViewFixture fixture(StoreKind::File);
     auto* list = fixture.library.findChild<ListView*>();
     list->selectRow(0);
     if (!hasType) {

@@ -33,8 +33,8 @@ private slots:
 namespace {
 
 /// A list of `count` filaments in a window of its own.
-struct Fixture {
-    explicit Fixture(int count)
+struct ListViewFixture {
+    explicit ListViewFixture(int count)
     {
         for (int number = 0; number < count; ++number) {
             ids.push_back(stock->context()
@@ -90,7 +90,7 @@ void ListViewTest::columnsShareTheWidth()
 
 void ListViewTest::plusAndMinusChangeTheCount()
 {
-    Fixture fixture(3);
+    ListViewFixture fixture(3);
 
     fixture.click(RowLayout::plusRect(fixture.cell(1, 1)).center());
     QCOMPARE(fixture.filament(1).spoolsCount(), 6);
@@ -104,7 +104,7 @@ void ListViewTest::plusAndMinusChangeTheCount()
 
 void ListViewTest::twoQuickClicksCountTwiceAndOpenNothing()
 {
-    Fixture fixture(2);
+    ListViewFixture fixture(2);
     QSignalSpy activated(&fixture.list, &QAbstractItemView::activated);
     const QPoint plus = RowLayout::plusRect(fixture.cell(0, 1)).center();
 
@@ -118,7 +118,7 @@ void ListViewTest::twoQuickClicksCountTwiceAndOpenNothing()
 
 void ListViewTest::stepButtonsHideWhereTheyWouldCoverText()
 {
-    Fixture fixture(1);
+    ListViewFixture fixture(1);
     fixture.filament(0).setSpoolsCount(123456789012345678);
     fixture.filament(0).setOpenedSpoolsCount(123456789012345678);
 
@@ -129,7 +129,7 @@ void ListViewTest::stepButtonsHideWhereTheyWouldCoverText()
 
 void ListViewTest::theContextMenuActsOnTheRow()
 {
-    Fixture fixture(3);
+    ListViewFixture fixture(3);
     const QPoint position = fixture.cell(2, 0).center();
 
     QContextMenuEvent event(
@@ -146,7 +146,7 @@ void ListViewTest::theContextMenuActsOnTheRow()
 
 void ListViewTest::keysChangeTheCountsOfTheSelection()
 {
-    Fixture fixture(3);
+    ListViewFixture fixture(3);
     fixture.list.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&fixture.list));
     fixture.list.setFocus();
@@ -172,7 +172,7 @@ void ListViewTest::keysChangeTheCountsOfTheSelection()
 
 void ListViewTest::selectionAndScrollPositionHoldAcrossRefreshes()
 {
-    Fixture fixture(100);
+    ListViewFixture fixture(100);
     fixture.click(fixture.cell(3, 0).center());
     const FilamentId selected = fixture.ids[3];
     QCOMPARE(fixture.list.selectedFilament(), selected);
@@ -190,7 +190,7 @@ void ListViewTest::selectionAndScrollPositionHoldAcrossRefreshes()
 
 void ListViewTest::aClickBesideTheRowsClearsTheSelection()
 {
-    Fixture fixture(2);
+    ListViewFixture fixture(2);
     fixture.click(fixture.cell(0, 0).center());
 
     fixture.click({400, fixture.cell(1, 0).bottom() + 100});
@@ -200,7 +200,7 @@ void ListViewTest::aClickBesideTheRowsClearsTheSelection()
 
 void ListViewTest::tabLeavesTheTable()
 {
-    const Fixture fixture(2);
+    const ListViewFixture fixture(2);
 
     QVERIFY(!fixture.list.tabKeyNavigation());
     QVERIFY(!fixture.list.accessibleName().isEmpty());

@@ -38,7 +38,7 @@ private slots:
 
 namespace {
 
-struct Fixture {
+struct AppDelegateFixture {
     /// Runs the start-up up to the window on screen and the store opened.
     void launch()
     {
@@ -117,7 +117,7 @@ void AppDelegateTest::theWindowOpensAtItsSize()
     QFETCH(QSizeF, saved);
     QFETCH(bool, isRemembered);
     QFETCH(QSize, expected);
-    Fixture fixture;
+    AppDelegateFixture fixture;
     if (saved.isValid())
         fixture.preferences.setWindowSize(saved);
     fixture.preferences.setRememberWindowState(isRemembered);
@@ -132,7 +132,7 @@ void AppDelegateTest::theWindowOpensAtItsSize()
 
 void AppDelegateTest::theStoreIsOpenedOnceTheWindowStands()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     QSignalSpy opened(&fixture.provider, &StoreProvider::stateChanged);
 
     fixture.launch();
@@ -146,7 +146,7 @@ void AppDelegateTest::theStoreIsOpenedOnceTheWindowStands()
 
 void AppDelegateTest::aWindowThatComesLateIsSetUp()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     int requests = 0;
     AppDelegate delegate(fixture.preferences, fixture.provider,
         [&] { return ++requests > 3 ? &fixture.window : nullptr; });
@@ -159,7 +159,7 @@ void AppDelegateTest::aWindowThatComesLateIsSetUp()
 
 void AppDelegateTest::theStoreIsOpenedAnywayWithoutAWindow()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     int requests = 0;
     AppDelegate delegate(fixture.preferences, fixture.provider, [&]() -> MainWindow* {
         ++requests;
@@ -174,7 +174,7 @@ void AppDelegateTest::theStoreIsOpenedAnywayWithoutAWindow()
 
 void AppDelegateTest::theWindowIsPlacedAgainAfterTheStart()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     PlacementCounter counter(fixture.window);
 
     fixture.launch();
@@ -185,7 +185,7 @@ void AppDelegateTest::theWindowIsPlacedAgainAfterTheStart()
 
 void AppDelegateTest::aSecondLaunchBringsTheWindowBack()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     fixture.launch();
     fixture.window.showMinimized();
 
@@ -197,7 +197,7 @@ void AppDelegateTest::aSecondLaunchBringsTheWindowBack()
 
 void AppDelegateTest::theStoreAlertSaysWhyTheStockIsTemporary()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     fixture.window.show();
     QStringList texts;
     QStringList buttons;
@@ -231,7 +231,7 @@ void AppDelegateTest::closingSavesTheSize_data()
 void AppDelegateTest::closingSavesTheSize()
 {
     QFETCH(bool, isRemembered);
-    Fixture fixture;
+    AppDelegateFixture fixture;
     fixture.preferences.setRememberWindowState(isRemembered);
     fixture.launch();
     const QSizeF shown = fixture.window.size();
@@ -245,7 +245,7 @@ void AppDelegateTest::closingSavesTheSize()
 
 void AppDelegateTest::terminatingSavesTheSizeAndEndsWithZero()
 {
-    Fixture fixture;
+    AppDelegateFixture fixture;
     fixture.launch();
 
     QTimer::singleShot(0, &fixture.delegate, &AppDelegate::terminate);

@@ -27,8 +27,8 @@ private slots:
 
 namespace {
 
-struct Fixture {
-    explicit Fixture(StoreKind kind = StoreKind::Memory)
+struct ContentViewFixture {
+    explicit ContentViewFixture(StoreKind kind = StoreKind::Memory)
         : stock(tests::makeMemoryStock(kind))
     {
         content.resize(1300, 820);
@@ -53,7 +53,7 @@ struct Fixture {
 
 void ContentViewTest::theLibraryIsShownFirst()
 {
-    const Fixture fixture;
+    const ContentViewFixture fixture;
 
     QVERIFY(fixture.showsLibrary());
     QCOMPARE(fixture.content.selection(), NavItem::Library);
@@ -62,7 +62,7 @@ void ContentViewTest::theLibraryIsShownFirst()
 
 void ContentViewTest::everyScreenShowsItsTitle()
 {
-    Fixture fixture;
+    ContentViewFixture fixture;
 
     for (const NavItem item : allNavItems) {
         fixture.content.showScreen(item);
@@ -74,7 +74,7 @@ void ContentViewTest::everyScreenShowsItsTitle()
 
 void ContentViewTest::theLibraryKeepsItsSearchWhileOthersAreShown()
 {
-    Fixture fixture;
+    ContentViewFixture fixture;
     auto* field = fixture.content.findChild<SearchField*>();
     QTest::keyClicks(field, u"rouge"_s);
 
@@ -97,7 +97,7 @@ void ContentViewTest::aTemporaryStockSaysSo_data()
 void ContentViewTest::aTemporaryStockSaysSo()
 {
     QFETCH(StoreKind, kind);
-    const Fixture fixture(kind);
+    const ContentViewFixture fixture(kind);
 
     QTEST(fixture.showsTitle(u"Spoolwright fonctionne en mode temporaire : les modifications ne "
                              "seront pas conservées après la fermeture."_s),

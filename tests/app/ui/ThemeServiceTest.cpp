@@ -30,7 +30,7 @@ private slots:
 
 namespace {
 
-const auto appearance = u"org.freedesktop.appearance"_s;
+const auto appearanceGroup = u"org.freedesktop.appearance"_s;
 
 QDBusConnection noBus()
 {
@@ -103,11 +103,11 @@ void ThemeServiceTest::changesAreFollowedLive()
     QSignalSpy changed(&themes, &ThemeService::themeChanged);
     QTRY_COMPARE(currentTheme(), darkTheme());
 
-    portal.change(appearance, u"color-scheme"_s, 2);
+    portal.change(appearanceGroup, u"color-scheme"_s, 2);
     QTRY_COMPARE(currentTheme(), lightTheme());
-    portal.change(appearance, u"contrast"_s, 1);
+    portal.change(appearanceGroup, u"contrast"_s, 1);
     QTRY_COMPARE(currentTheme(), withHighContrast(lightTheme()));
-    portal.change(appearance, u"contrast"_s, 0);
+    portal.change(appearanceGroup, u"contrast"_s, 0);
     QTRY_COMPARE(currentTheme(), lightTheme());
 
     QCOMPARE(changed.size(), 4);
@@ -122,9 +122,9 @@ void ThemeServiceTest::otherSettingsChangeNothing()
     QSignalSpy changed(&themes, &ThemeService::themeChanged);
 
     portal.change(u"org.freedesktop.other"_s, u"color-scheme"_s, 2);
-    portal.change(appearance, u"accent-color"_s, 2);
-    portal.change(appearance, u"color-scheme"_s, 1);
-    portal.change(appearance, u"contrast"_s, 1); // The last one does, so all have been heard.
+    portal.change(appearanceGroup, u"accent-color"_s, 2);
+    portal.change(appearanceGroup, u"color-scheme"_s, 1);
+    portal.change(appearanceGroup, u"contrast"_s, 1); // The last one does, so all have been heard.
 
     QTRY_COMPARE(currentTheme(), withHighContrast(darkTheme()));
     QCOMPARE(changed.size(), 1);
@@ -141,7 +141,7 @@ void ThemeServiceTest::everythingIsPaintedAgain()
     QVERIFY(QTest::qWaitForWindowExposed(&window));
 
     QTRY_COMPARE(currentTheme(), darkTheme());
-    portal.change(appearance, u"color-scheme"_s, 2);
+    portal.change(appearanceGroup, u"color-scheme"_s, 2);
     QTRY_COMPARE(currentTheme(), lightTheme());
 
     const QImage picture = window.grab().toImage();

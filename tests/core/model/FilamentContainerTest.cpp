@@ -82,10 +82,10 @@ void FilamentContainerTest::countsAreDerivedFromTheFilaments()
 
 void FilamentContainerTest::spoolCountBeyond64BitsEndsTheProgram()
 {
-    const qint64 largest = std::numeric_limits<qint64>::max();
+    const qint64 most = std::numeric_limits<qint64>::max();
     Location location(u"Armoire"_s);
-    const Filament first(nullptr, nullptr, nullptr, &location, largest, 0, {}, {}, {});
-    QCOMPARE(location.spoolCount(), largest);
+    const Filament first(nullptr, nullptr, nullptr, &location, most, 0, {}, {}, {});
+    QCOMPARE(location.spoolCount(), most);
     const Filament second(nullptr, nullptr, nullptr, &location, 1, 0, {}, {}, {});
 
     const pid_t child = ::fork();

@@ -45,11 +45,11 @@ Filament& insertFilament(StoreContext& context, FilamentType* type = nullptr,
 }
 
 /// Two entries of each list and three filaments, of which the first two use the first entries.
-struct Fixture {
+struct UndoFixture {
     tests::RecordingStore store;
     StoreContext context{store};
 
-    Fixture()
+    UndoFixture()
     {
         for (const QString& name : {u"Un"_s, u"Deux"_s}) {
             context.insert(std::make_unique<FilamentType>(name));
@@ -149,7 +149,7 @@ void UndoTest::everyKindOfChangeIsUndoneAndDoneAgain()
 {
     QFETCH(Edit, edit);
     for (const bool savesBetween : {false, true}) {
-        Fixture fixture;
+        UndoFixture fixture;
         StoreContext& context = fixture.context;
         const auto pause = [&] {
             if (savesBetween)
@@ -173,7 +173,7 @@ void UndoTest::everyKindOfChangeIsUndoneAndDoneAgain()
 
 void UndoTest::sameObjectsComeBack()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     Brand* brand = &fixture.brand(1);
     Filament* filament = &fixture.filament(2);
@@ -195,7 +195,7 @@ void UndoTest::sameObjectsComeBack()
 
 void UndoTest::historyTellsTheNamesOfItsActions()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     QCOMPARE(context.undoActionName(), QString());
     QCOMPARE(context.redoActionName(), QString());
@@ -223,7 +223,7 @@ void UndoTest::historyTellsTheNamesOfItsActions()
 
 void UndoTest::actionThatChangesNothingLeavesNoTrace()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
 
     context.perform(u"Rien"_s, [] {});
@@ -238,7 +238,7 @@ void UndoTest::actionThatChangesNothingLeavesNoTrace()
 
 void UndoTest::newActionForgetsWhatWasUndone()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Ajouter"_s, [&] { context.insert(std::make_unique<Brand>(u"Neuve"_s)); });
     context.undo();
@@ -255,7 +255,7 @@ void UndoTest::newActionForgetsWhatWasUndone()
 
 void UndoTest::innerActionJoinsTheOuterOne()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     const QStringList before = pictureOf(context);
 
@@ -302,7 +302,7 @@ void UndoTest::repeatedActionsAreOneToUndo()
     QFETCH(Edit, between);
     QFETCH(QString, secondName);
     QFETCH(qint64, secondFilament);
-    Fixture fixture;
+    UndoFixture fixture;
     const auto addSpool = [&](const QString& name, qint64 id) {
         fixture.context.performRepeated(name,
             [&] { fixture.filament(id).setSpoolsCount(fixture.filament(id).spoolsCount() + 1); });
@@ -318,7 +318,7 @@ void UndoTest::repeatedActionsAreOneToUndo()
 
 void UndoTest::changesOutsideAnActionAreNotUndone()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     fixture.filament(1).setSpoolsCount(5);
 
     QCOMPARE(fixture.context.undoActionName(), QString());
@@ -329,7 +329,7 @@ void UndoTest::changesOutsideAnActionAreNotUndone()
 
 void UndoTest::undoLeavesFieldsAloneThatItsActionDidNotChange()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Modifier"_s, [&] {
         fixture.filament(1).setSpoolsCount(5);
@@ -354,7 +354,7 @@ void UndoTest::undoLeavesFieldsAloneThatItsActionDidNotChange()
 
 void UndoTest::removalOutsideAnActionStands()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Modifier"_s, [&] {
         fixture.filament(1).setSpoolsCount(5);
@@ -375,7 +375,7 @@ void UndoTest::removalOutsideAnActionStands()
 
 void UndoTest::insertionDoneAgainKeepsWhatWasChangedSince()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Ajouter"_s, [&] { insertFilament(context, nullptr, &fixture.brand(1)); });
     fixture.filament(4).setNotes(u"depuis"_s);
@@ -391,7 +391,7 @@ void UndoTest::insertionDoneAgainKeepsWhatWasChangedSince()
 
 void UndoTest::undoIsAnnouncedAndSavedLikeAnyEdit()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Supprimer"_s, [&] { context.remove(fixture.brand(1)); });
     context.save();
@@ -414,7 +414,7 @@ void UndoTest::undoIsAnnouncedAndSavedLikeAnyEdit()
 
 void UndoTest::savingForgetsNoAction()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     const QStringList before = pictureOf(context);
     context.perform(u"Un"_s, [&] { fixture.filament(1).setSpoolsCount(5); });
@@ -432,7 +432,7 @@ void UndoTest::savingForgetsNoAction()
 
 void UndoTest::hundredActionsAreKept()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     for (qint64 count = 1; count <= 103; ++count) {
         context.perform(QString::number(count), [&] {
@@ -455,7 +455,7 @@ void UndoTest::hundredActionsAreKept()
 
 void UndoTest::clearedHistoryUndoesNothing()
 {
-    Fixture fixture;
+    UndoFixture fixture;
     StoreContext& context = fixture.context;
     context.perform(u"Supprimer"_s, [&] { context.remove(fixture.filament(1)); });
     context.perform(u"Modifier"_s, [&] { fixture.filament(2).setSpoolsCount(5); });

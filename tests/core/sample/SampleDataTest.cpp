@@ -26,7 +26,7 @@ private slots:
 
 namespace {
 
-struct Fixture {
+struct SampleDataFixture {
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"p.ini"_s)};
     tests::RecordingStore store;
@@ -55,7 +55,7 @@ QString asLine(const Filament& filament)
 
 void SampleDataTest::emptyStockGetsTheWholeSample()
 {
-    Fixture fixture;
+    SampleDataFixture fixture;
     const QDateTime before = QDateTime::currentDateTimeUtc();
 
     SampleData::seed(fixture.context, fixture.preferences);
@@ -101,7 +101,7 @@ void SampleDataTest::emptyStockGetsTheWholeSample()
 
 void SampleDataTest::seedingIsSavedOnceAndNotAnAction()
 {
-    Fixture fixture;
+    SampleDataFixture fixture;
     const QSignalSpy changed(&fixture.context, &StoreContext::changed);
 
     SampleData::seed(fixture.context, fixture.preferences);
@@ -117,7 +117,7 @@ void SampleDataTest::seedingIsSavedOnceAndNotAnAction()
 
 void SampleDataTest::onlyTypesAndFilamentsCountAsData()
 {
-    Fixture fixture;
+    SampleDataFixture fixture;
     fixture.context.insert(std::make_unique<Brand>(u"Maison"_s));
 
     SampleData::seed(fixture.context, fixture.preferences);
@@ -138,7 +138,7 @@ void SampleDataTest::stockWithDataIsLeftAlone_data()
 void SampleDataTest::stockWithDataIsLeftAlone()
 {
     QFETCH(bool, hasFilament);
-    Fixture fixture;
+    SampleDataFixture fixture;
     if (hasFilament)
         fixture.context.insert(std::make_unique<Filament>(
             nullptr, nullptr, nullptr, nullptr, 1, 0, u"#000000"_s, u"Noir"_s, QString()));
@@ -155,7 +155,7 @@ void SampleDataTest::stockWithDataIsLeftAlone()
 
 void SampleDataTest::flagAlreadySetPreventsSeeding()
 {
-    Fixture fixture;
+    SampleDataFixture fixture;
     fixture.preferences.setDidSeedSampleData(true);
 
     SampleData::seed(fixture.context, fixture.preferences);
@@ -166,7 +166,7 @@ void SampleDataTest::flagAlreadySetPreventsSeeding()
 
 void SampleDataTest::failedSaveStillSetsTheFlag()
 {
-    Fixture fixture;
+    SampleDataFixture fixture;
     fixture.store.error = StoreError{u"Disque plein"_s};
 
     SampleData::seed(fixture.context, fixture.preferences);
