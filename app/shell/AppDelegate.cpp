@@ -158,7 +158,7 @@ bool AppDelegate::shouldRestoreWindowState() const
 void AppDelegate::saveWindowStateIfEnabled()
 {
     const MainWindow* window = m_mainWindow();
-    if (shouldRestoreWindowState() && window)
+    if (shouldRestoreWindowState() && window && m_didConfigureWindow)
         m_preferences.setWindowSize(window->size());
 }
 

@@ -18,6 +18,13 @@ using namespace std::chrono_literals;
 
 namespace reelhouse {
 
+namespace {
+
+/// A desktop that is there answers within a few milliseconds; one that hangs must not be felt.
+constexpr auto longestWaitForColors = 30ms;
+
+} // namespace
+
 ReelhouseApp::ReelhouseApp(
     const StorePaths& paths, const QString& preferencesFile, SingleInstance& instance)
     : m_preferences(preferencesFile)
@@ -37,7 +44,8 @@ ReelhouseApp::ReelhouseApp(
 
 int ReelhouseApp::run()
 {
-    m_delegate.applicationDidFinishLaunching();
+    m_theme.whenSettled(
+        longestWaitForColors, [this] { m_delegate.applicationDidFinishLaunching(); });
     // Drawing it at every size takes longer than opening the stock: not before the stock is shown.
     QTimer::singleShot(1s, this, [] { QGuiApplication::setWindowIcon(applicationIcon()); });
     const int status = QApplication::exec();

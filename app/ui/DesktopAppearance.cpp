@@ -59,12 +59,15 @@ void DesktopAppearance::ask(const QDBusConnection& bus, const QString& key)
     QDBusMessage question
         = QDBusMessage::createMethodCall(portalService, portalPath, portalInterface, u"Read"_s);
     question << appearanceGroup << key;
+    ++m_openQuestions;
     auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(question), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, key] {
         const QDBusPendingReply<QDBusVariant> answer = *watcher;
         if (answer.isValid())
             takeValue(key, answer.value().variant());
         watcher->deleteLater();
+        if (--m_openQuestions == 0)
+            emit settled();
     });
 }
 

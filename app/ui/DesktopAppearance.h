@@ -30,9 +30,14 @@ public:
 
     const Appearance& appearance() const { return m_appearance; }
 
+    /// Every question has had its answer, a refusal included; true at once where nobody is asked.
+    bool isSettled() const { return m_openQuestions == 0; }
+
 signals:
     /// The appearance is another one than before.
     void changed();
+    /// The last open question has had its answer; after the `changed()` that it brought.
+    void settled();
 
 private slots:
     void takeSetting(const QString& group, const QString& key, const QDBusVariant& value);
@@ -42,6 +47,7 @@ private:
     void takeValue(const QString& key, const QVariant& value);
 
     Appearance m_appearance;
+    int m_openQuestions = 0;
 };
 
 } // namespace reelhouse

@@ -4,6 +4,7 @@
 #include "app/ui/SpoolwrightStyle.h"
 
 #include <QtCore/QStandardPaths>
+#include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QWidget>
 
@@ -37,6 +38,18 @@ QDBusConnection ThemeService::runningSessionBus()
     if (socket.isEmpty() && qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
         return QDBusConnection(QString());
     return QDBusConnection::sessionBus();
+}
+
+void ThemeService::whenSettled(std::chrono::milliseconds atMost, const std::function<void()>& act)
+{
+    auto* patience = new QTimer(this);
+    patience->setSingleShot(true);
+    connect(patience, &QTimer::timeout, this, [patience, act] {
+        patience->deleteLater();
+        act();
+    });
+    connect(&m_desktop, &DesktopAppearance::settled, patience, [patience] { patience->start(0); });
+    patience->start(m_desktop.isSettled() ? std::chrono::milliseconds(0) : atMost);
 }
 
 Theme ThemeService::themeFor(const Appearance& appearance, ColorScheme fallback)

@@ -3,6 +3,9 @@
 #include "app/ui/DesktopAppearance.h"
 #include "app/ui/Theme.h"
 
+#include <chrono>
+#include <functional>
+
 namespace reelhouse {
 
 class SpoolwrightStyle;
@@ -20,6 +23,10 @@ public:
     /// The session bus, not connected where no session has one: asking for it would start one,
     /// which takes longer than opening the stock, and nobody would answer there.
     static QDBusConnection runningSessionBus();
+
+    /// Calls `act` once, from the event loop, as soon as the desktop has said how it looks, or
+    /// after `atMost` where it is slow: what is first shown then has its colours from the start.
+    void whenSettled(std::chrono::milliseconds atMost, const std::function<void()>& act);
 
     /// The theme that goes with an appearance, `fallback` where it leaves the scheme open.
     static Theme themeFor(const Appearance& appearance, ColorScheme fallback);

@@ -33,6 +33,7 @@ private slots:
     void closingSavesTheSize_data();
     void closingSavesTheSize();
     void terminatingSavesTheSizeAndEndsWithZero();
+    void endingBeforeTheWindowStandsKeepsTheSavedSize();
     void theMenuBarHoldsWhatWorksToday();
 };
 
@@ -252,6 +253,16 @@ void AppDelegateTest::terminatingSavesTheSizeAndEndsWithZero()
 
     QCOMPARE(QApplication::exec(), 0);
     QCOMPARE(fixture.preferences.windowSize(), QSizeF(fixture.window.size()));
+}
+
+void AppDelegateTest::endingBeforeTheWindowStandsKeepsTheSavedSize()
+{
+    AppDelegateFixture fixture;
+    fixture.preferences.setWindowSize(QSizeF(1234, 890));
+
+    fixture.delegate.terminate();
+
+    QCOMPARE(fixture.preferences.windowSize(), QSizeF(1234, 890));
 }
 
 void AppDelegateTest::theMenuBarHoldsWhatWorksToday()

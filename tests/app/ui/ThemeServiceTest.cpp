@@ -10,9 +10,12 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QPushButton>
 
+#include <chrono>
+
 using namespace reelhouse;
 using namespace reelhouse::tests;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 class ThemeServiceTest final : public QObject {
     Q_OBJECT
@@ -26,6 +29,8 @@ private slots:
     void changesAreFollowedLive();
     void otherSettingsChangeNothing();
     void everythingIsPaintedAgain();
+    void whatIsShownFirstHasItsColorsAlready();
+    void aSilentDesktopIsNotWaitedFor();
 };
 
 namespace {
@@ -148,6 +153,36 @@ void ThemeServiceTest::everythingIsPaintedAgain()
     QCOMPARE(picture.pixelColor(116, 116), lightTheme().textPrimary);
     QCOMPARE(picture.pixelColor(105, 116), lightTheme().surface);
     QCOMPARE(picture.pixelColor(50, 20), lightTheme().canvas);
+}
+
+void ThemeServiceTest::whatIsShownFirstHasItsColorsAlready()
+{
+    FakePortal portal({{u"color-scheme"_s, 1}, {u"contrast"_s, 1}});
+    ThemeService themes(portal.bus());
+
+    QList<Theme> shownIn;
+    themes.whenSettled(1min, [&] { shownIn.append(currentTheme()); });
+
+    QVERIFY(shownIn.isEmpty());
+    QTRY_COMPARE(shownIn, QList<Theme>{withHighContrast(darkTheme())});
+    QTest::qWait(10);
+    QCOMPARE(shownIn.size(), 1);
+}
+
+void ThemeServiceTest::aSilentDesktopIsNotWaitedFor()
+{
+    const QDBusServer nobodyAnswers(u"unix:tmpdir=/tmp"_s);
+    const QDBusConnection bus
+        = QDBusConnection::connectToPeer(nobodyAnswers.address(), u"silent"_s);
+    ThemeService silent(bus);
+    ThemeService without(noBus());
+
+    int calls = 0;
+    silent.whenSettled(5ms, [&] { ++calls; });
+    without.whenSettled(1min, [&] { ++calls; });
+
+    QTRY_COMPARE(calls, 2);
+    QDBusConnection::disconnectFromPeer(u"silent"_s);
 }
 
 REELHOUSE_TEST(ThemeServiceTest)
