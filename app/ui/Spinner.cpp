@@ -13,7 +13,7 @@ namespace reelhouse {
 
 namespace {
 
-constexpr int side = 30;
+constexpr int spinnerSide = 30;
 constexpr int spokeCount = 12;
 constexpr int turnDuration = 1000; // milliseconds
 constexpr qreal faintest = 0.15;
@@ -30,7 +30,7 @@ Spinner::Spinner(QWidget* parent)
 
 QSize Spinner::sizeHint() const
 {
-    return {side, side};
+    return {spinnerSide, spinnerSide};
 }
 
 void Spinner::paintEvent(QPaintEvent*)

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QtWidgets/QComboBox>
+
+#include <vector>
+
+namespace reelhouse {
+
+/// One choice of a Picker.
+struct PickerEntry {
+    qint64 id = 0; ///< What the choice stands for; never 0, which is "none".
+    QString name;
+    QString symbol; ///< Drawn in front of the name; may be empty.
+
+    bool operator==(const PickerEntry&) const = default;
+};
+
+/// Chooses one of a list of names, or none of them. Flat and right-aligned, for the row of a form;
+/// a name that does not fit is cut and shown whole as tooltip. Letters typed jump to a name.
+/// Thousands of entries cost no more than a few: only those seen are drawn.
+class Picker final : public QComboBox {
+    Q_OBJECT
+
+public:
+    /// `none` is the first choice, "Aucun" or "Sélectionner…", and means 0.
+    explicit Picker(const QString& none, QWidget* parent = nullptr);
+
+    /// Shows these names, in this order. The choice stays when it is still among them, else it
+    /// becomes none. Emits nothing.
+    void setEntries(std::vector<PickerEntry> entries);
+    /// The choice, or 0.
+    qint64 choice() const;
+    /// Shows another choice; one that is not among the entries is none. Emits nothing.
+    void setChoice(qint64 id);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    void showPopup() override;
+
+signals:
+    /// The user chose; 0 for none.
+    void choiceEdited(qint64 id);
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    class Model;
+
+    QRect textRect() const;
+
+    Model* m_model;
+};
+
+} // namespace reelhouse
