@@ -51,10 +51,4 @@ QString notesOnOneLine(const Filament& filament)
     return filament.notes().simplified();
 }
 
-QString deletionQuestion(const Filament& filament)
-{
-    const QString name = filament.type() ? filament.type()->name() : u"ce filament"_s;
-    return u"Voulez-vous vraiment supprimer "_s + name + u" ?"_s;
-}
-
 } // namespace reelhouse::FilamentTexts

@@ -19,7 +19,6 @@ QString colorName(const Filament& filament); ///< "—" without one.
 QString openedInParentheses(
     const Filament& filament); ///< "(2 entamées)", empty when none is opened.
 QString notesOnOneLine(const Filament& filament);
-QString deletionQuestion(const Filament& filament); ///< "Voulez-vous vraiment supprimer PLA ?"
 
 } // namespace FilamentTexts
 

@@ -27,7 +27,7 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     auto* add = new QPushButton(symbolIcon(u"plus"_s, &Theme::onAccent), u"Ajouter"_s, this);
     setButtonLook(add, ButtonLook::Default);
     add->setToolTip(u"Ajouter un filament"_s);
-    add->setEnabled(false);
+    connect(add, &QPushButton::clicked, this, &LibraryToolbar::additionRequested);
 
     auto* print = new QPushButton(symbolIcon(u"printer"_s), u"Imprimer"_s, this);
     print->setToolTip(u"Imprimer la liste du stock"_s);

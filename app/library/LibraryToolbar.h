@@ -13,6 +13,9 @@ class LibraryToolbar final : public QWidget {
 public:
     explicit LibraryToolbar(QWidget* parent = nullptr);
 
+signals:
+    void additionRequested();
+
 private:
     QAbstractButton* makeIconButton(const QString& symbol, const QString& name);
 };

@@ -1,12 +1,11 @@
 #include "app/library/LibraryView.h"
 
-#include "app/library/FilamentTexts.h"
+#include "app/library/FilamentSheets.h"
 #include "app/library/LibraryToolbar.h"
 #include "app/library/ListView.h"
 #include "app/library/SpoolActions.h"
 #include "app/library/StatusBarView.h"
 #include "app/store/StoreContainer.h"
-#include "app/ui/Alert.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/EmptyState.h"
 #include "app/ui/Palette.h"
@@ -43,7 +42,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     , m_statusBar(new StatusBarView)
 {
     auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), u"Ajouter un filament"_s);
-    addFirst->setEnabled(false);
+    connect(addFirst, &QPushButton::clicked, m_actions, &SpoolActions::additionRequested);
     auto* emptyStock = new EmptyState(u"spool"_s, u"Stock vide"_s);
     emptyStock->setButton(addFirst);
     m_emptyStock = emptyStock;
@@ -63,7 +62,8 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(new LibraryToolbar(this));
+    auto* toolbar = new LibraryToolbar(this);
+    column->addWidget(toolbar);
     column->addWidget(new Separator(this));
     column->addWidget(makeFilterBar());
     column->addWidget(new Separator(this));
@@ -78,7 +78,10 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
         [this] { m_searchField->setFocus(Qt::ShortcutFocusReason); });
     connect(m_searchField, &QLineEdit::textEdited, this, &LibraryView::search);
     connect(clear, &QPushButton::clicked, this, &LibraryView::clearSearch);
-    connect(m_actions, &SpoolActions::deletionRequested, this, &LibraryView::confirmDeletion);
+    connect(
+        toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
+    addAction(m_actions->additionCommand());
+    new FilamentSheets(container.context(), *m_actions, this);
     connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
 }
 
@@ -142,23 +145,6 @@ void LibraryView::clearSearch()
     m_searchField->clear();
     m_searchField->setFocus();
     search({});
-}
-
-void LibraryView::confirmDeletion(FilamentId id)
-{
-    const Filament* filament = m_container.context().find(id);
-    if (!filament)
-        return;
-    constexpr int confirmed = 0;
-    auto* alert = new Alert(AlertTone::Destructive, u"Supprimer ce filament ?"_s,
-        FilamentTexts::deletionQuestion(*filament),
-        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this, id](int answer) {
-        if (answer == confirmed)
-            m_actions->removeFilament(id);
-    });
-    alert->open();
 }
 
 } // namespace reelhouse

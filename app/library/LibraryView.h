@@ -34,7 +34,6 @@ private:
     void refresh();
     void search(const QString& text);
     void clearSearch();
-    void confirmDeletion(FilamentId id);
 
     StoreContainer& m_container;
     Preferences& m_preferences;

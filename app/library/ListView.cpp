@@ -101,6 +101,9 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     connect(delegate, &FilamentRowDelegate::removeSpoolRequested, this,
         [this](const QModelIndex& index) { m_actions.removeSpool(m_model->idAt(index.row())); });
     addActions(m_actions.commands());
+    connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
+        emit m_actions.detailRequested(m_model->idAt(index.row()));
+    });
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
         [this] { m_actions.setTarget(selectedFilament()); });
     updateMetrics();

@@ -1,5 +1,6 @@
 #include "app/library/SpoolActions.h"
 
+#include "app/editing/FilamentCopy.h"
 #include "app/ui/Symbol.h"
 #include "core/model/StoreContext.h"
 
@@ -36,7 +37,11 @@ void changeOpened(StoreContext& context, Filament& filament, const QString& name
 SpoolActions::SpoolActions(StoreContext& context, QObject* parent)
     : QObject(parent)
     , m_context(context)
+    , m_additionCommand(new QAction(symbolIcon(u"plus"_s), u"Ajouter un filament"_s, this))
 {
+    m_additionCommand->setShortcut(Qt::CTRL | Qt::Key_N);
+    m_additionCommand->setShortcutVisibleInContextMenu(true);
+    connect(m_additionCommand, &QAction::triggered, this, &SpoolActions::additionRequested);
     addCommand(
         u"plus.circle"_s, u"Ajouter une bobine"_s, Qt::ALT | Qt::Key_Up, &SpoolActions::addSpool);
     addCommand(u"minus.circle"_s, u"Retirer une bobine"_s, Qt::ALT | Qt::Key_Down,
@@ -45,6 +50,8 @@ SpoolActions::SpoolActions(StoreContext& context, QObject* parent)
         &SpoolActions::addOpenedSpool);
     addCommand(u"minus.circle"_s, u"Supprimer une bobine entamée"_s,
         Qt::ALT | Qt::SHIFT | Qt::Key_Down, &SpoolActions::removeOpenedSpool);
+    addCommand(u"doc.on.doc"_s, u"Dupliquer le filament"_s, Qt::CTRL | Qt::Key_D,
+        &SpoolActions::duplicateFilament);
     addCommand(u"trash"_s, u"Supprimer"_s, Qt::Key_Delete, &SpoolActions::requestDeletion);
     setTarget({});
 }
@@ -69,11 +76,15 @@ void SpoolActions::setTarget(FilamentId id)
 
 void SpoolActions::addTo(QMenu& menu)
 {
+    menu.addAction(m_additionCommand);
+    menu.addSeparator();
     menu.addActions(m_commands.mid(0, 2));
     menu.addSeparator();
     menu.addActions(m_commands.mid(2, 2));
     menu.addSeparator();
     menu.addAction(m_commands.at(4));
+    menu.addSeparator();
+    menu.addAction(m_commands.at(5));
 }
 
 void SpoolActions::addSpool(FilamentId id)
@@ -108,10 +119,10 @@ void SpoolActions::removeOpenedSpool(FilamentId id)
         changeOpened(m_context, *filament, u"Supprimer une bobine entamée"_s, -1);
 }
 
-void SpoolActions::removeFilament(FilamentId id)
+void SpoolActions::duplicateFilament(FilamentId id)
 {
-    if (Filament* filament = m_context.find(id))
-        m_context.perform(u"Supprimer"_s, [&] { m_context.remove(*filament); });
+    if (const FilamentId copy = reelhouse::duplicateFilament(m_context, id))
+        emit detailRequested(copy);
 }
 
 } // namespace reelhouse

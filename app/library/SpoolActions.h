@@ -13,10 +13,9 @@ namespace reelhouse {
 
 class StoreContext;
 
-/// What a user does to one filament in place: its counts, and its removal. The list and the cards
-/// share one object of this class and tell it which filament is selected; each change is an action
-/// of the undo history, repeated ones on one filament together. An identity without a filament is
-/// passed over.
+/// What a user does to the stock from a row or a card. The list and the cards share one object of
+/// this class and tell it which filament is selected; each change is an action of the undo history,
+/// repeated ones on one filament together. An identity without a filament is passed over.
 class SpoolActions final : public QObject {
     Q_OBJECT
 
@@ -28,7 +27,10 @@ public:
     FilamentId target() const { return m_target; }
     /// The commands with their keys, for the views in which the keys are to work.
     const QList<QAction*>& commands() const { return m_commands; }
-    /// Adds the commands, in the order of the context menu of a row or card.
+    /// "Ajouter un filament", which needs no target; its key works in the whole window of the
+    /// widget that it is added to.
+    QAction* additionCommand() const { return m_additionCommand; }
+    /// Adds all of them, in the order of the context menu of a row or card.
     void addTo(QMenu& menu);
 
     /// One spool more; nothing at the largest count that can be stored.
@@ -39,10 +41,14 @@ public:
     void addOpenedSpool(FilamentId id);
     /// One opened spool less, unless none is.
     void removeOpenedSpool(FilamentId id);
-    /// Deletes the filament without a question.
-    void removeFilament(FilamentId id);
+    /// Puts a copy into the stock and asks for its sheet.
+    void duplicateFilament(FilamentId id);
 
 signals:
+    /// The user wants to add a filament: its sheet is to be opened.
+    void additionRequested();
+    /// The sheet of this filament is to be opened.
+    void detailRequested(FilamentId id);
     /// The user wants the filament deleted; to be confirmed first.
     void deletionRequested(FilamentId id);
 
@@ -55,6 +61,7 @@ private:
 
     StoreContext& m_context;
     FilamentId m_target;
+    QAction* m_additionCommand;
     QList<QAction*> m_commands;
 };
 

@@ -149,8 +149,7 @@ void LibraryViewTest::anEditIsShownWithTheNextTurn()
 void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
 {
     const LibraryViewFixture fixture(StoreKind::File);
-    const std::pair<QString, QString> helps[]{{u"Ajouter"_s, u"Ajouter un filament"_s},
-        {u"Imprimer"_s, u"Imprimer la liste du stock"_s},
+    const std::pair<QString, QString> helps[]{{u"Imprimer"_s, u"Imprimer la liste du stock"_s},
         {u"À propos de Spoolwright"_s, u"À propos de Spoolwright"_s}};
 
     for (const auto& [name, help] : helps) {

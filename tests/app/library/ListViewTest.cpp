@@ -138,8 +138,8 @@ void ListViewTest::theContextMenuActsOnTheRow()
 
     auto* menu = fixture.list.findChild<QMenu*>();
     QVERIFY(menu);
-    QCOMPARE(menu->actions().first()->text(), u"Ajouter une bobine"_s);
-    menu->actions().first()->trigger();
+    QCOMPARE(menu->actions().at(2)->text(), u"Ajouter une bobine"_s);
+    menu->actions().at(2)->trigger();
     QCOMPARE(fixture.filament(2).spoolsCount(), 6);
     menu->close();
 }

@@ -21,7 +21,7 @@ private slots:
     void countsFollowTheActions_data();
     void countsFollowTheActions();
     void theLastSpoolAsksToDelete();
-    void aRemovedFilamentComesBackByUndo();
+    void aCopyIsMadeAndItsSheetAskedFor();
     void repeatedStepsAreUndoneTogether();
     void anActionIsUndoneUnderItsName();
     void aFilamentThatIsGoneIsPassedOver();
@@ -97,20 +97,24 @@ void SpoolActionsTest::theLastSpoolAsksToDelete()
     QCOMPARE(asked.first().first().value<FilamentId>(), last.id());
 }
 
-void SpoolActionsTest::aRemovedFilamentComesBackByUndo()
+void SpoolActionsTest::aCopyIsMadeAndItsSheetAskedFor()
 {
     const auto stock = tests::makeMemoryStock();
     StoreContext& context = stock->context();
     const FilamentId id = insertFilament(context, 4, 2).id();
     SpoolActions actions(context, nullptr);
+    QSignalSpy asked(&actions, &SpoolActions::detailRequested);
 
-    actions.removeFilament(id);
-    QVERIFY(!context.find(id));
-    QCOMPARE(context.undoActionName(), u"Supprimer"_s);
+    actions.duplicateFilament(id);
 
+    QCOMPARE(context.count<Filament>(), 2);
+    QCOMPARE(context.undoActionName(), u"Dupliquer le filament"_s);
+    QCOMPARE(asked.count(), 1);
+    const FilamentId copy = asked.first().first().value<FilamentId>();
+    QVERIFY(copy != id);
+    QCOMPARE(context.find(copy)->spoolsCount(), 1);
     context.undo();
-    QVERIFY(context.find(id));
-    QCOMPARE(context.find(id)->openedSpoolsCount(), 2);
+    QVERIFY(!context.find(copy));
 }
 
 void SpoolActionsTest::repeatedStepsAreUndoneTogether()
@@ -169,7 +173,7 @@ void SpoolActionsTest::aFilamentThatIsGoneIsPassedOver()
     actions.removeSpool(id);
     actions.addOpenedSpool(id);
     actions.removeOpenedSpool(id);
-    actions.removeFilament(id);
+    actions.duplicateFilament(id);
 
     QVERIFY(context.undoActionName().isEmpty());
     QCOMPARE(context.count<Filament>(), 0);
@@ -187,15 +191,17 @@ void SpoolActionsTest::theMenuActsOnTheTarget()
     QStringList entries;
     for (const QAction* entry : menu.actions()) {
         entries << (entry->isSeparator() ? u"-"_s : entry->text());
-        QVERIFY(entry->isSeparator() || !entry->isEnabled());
+        const bool needsNoTarget = entry == actions.additionCommand();
+        QVERIFY(entry->isSeparator() || entry->isEnabled() == needsNoTarget);
     }
     QCOMPARE(entries,
-        (QStringList{u"Ajouter une bobine"_s, u"Retirer une bobine"_s, u"-"_s,
-            u"Ajouter une bobine entamée"_s, u"Supprimer une bobine entamée"_s, u"-"_s,
+        (QStringList{u"Ajouter un filament"_s, u"-"_s, u"Ajouter une bobine"_s,
+            u"Retirer une bobine"_s, u"-"_s, u"Ajouter une bobine entamée"_s,
+            u"Supprimer une bobine entamée"_s, u"-"_s, u"Dupliquer le filament"_s, u"-"_s,
             u"Supprimer"_s}));
     actions.setTarget(filament.id());
-    menu.actions().at(0)->trigger();
-    menu.actions().at(3)->trigger();
+    menu.actions().at(2)->trigger();
+    menu.actions().at(5)->trigger();
     QCOMPARE(filament.spoolsCount(), 4);
     QCOMPARE(filament.openedSpoolsCount(), 1);
 }

@@ -1,0 +1,38 @@
+#include "app/editing/FilamentCopy.h"
+
+#include "core/model/StoreContext.h"
+
+#include <QtCore/QStringList>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+QString notesOfCopy(const Filament& original)
+{
+    QStringList names;
+    for (const ReferenceKind kind : {ReferenceKind::Type, ReferenceKind::Brand,
+             ReferenceKind::Range, ReferenceKind::Location}) {
+        if (const FilamentContainer* entry = original.reference(kind))
+            names += entry->name();
+    }
+    return names.isEmpty() ? u"Copie"_s : u"Copie de "_s + names.join(u' ');
+}
+
+FilamentId duplicateFilament(StoreContext& context, FilamentId id)
+{
+    const Filament* original = context.find(id);
+    if (!original)
+        return {};
+    FilamentId copy;
+    context.perform(u"Dupliquer le filament"_s, [&] {
+        copy = context
+                   .insert(std::make_unique<Filament>(original->type(), original->brand(),
+                       original->range(), original->location(), 1, 0, original->colorHex(),
+                       QString(), notesOfCopy(*original)))
+                   .id();
+    });
+    return copy;
+}
+
+} // namespace reelhouse

@@ -1,0 +1,50 @@
+#include "app/editing/PickerEntries.h"
+
+#include "core/model/StoreContext.h"
+#include "core/text/NameOrder.h"
+
+#include <algorithm>
+
+namespace reelhouse {
+
+namespace {
+
+template <class T>
+std::vector<PickerEntry> entriesOf(StoreContext& context)
+{
+    std::vector<PickerEntry> entries;
+    entries.reserve(size_t(context.count<T>()));
+    for (const auto& entry : context.fetchAll<T>()) {
+        QString symbol;
+        if constexpr (std::is_same_v<T, FilamentType>)
+            symbol = entry->iconName();
+        entries.push_back({entry->id().value, entry->name(), symbol});
+    }
+    return entries;
+}
+
+std::vector<PickerEntry> entriesInStoreOrder(StoreContext& context, ReferenceKind kind)
+{
+    switch (kind) {
+    case ReferenceKind::Type:
+        return entriesOf<FilamentType>(context);
+    case ReferenceKind::Brand:
+        return entriesOf<Brand>(context);
+    case ReferenceKind::Range:
+        return entriesOf<FilamentRange>(context);
+    case ReferenceKind::Location:
+        return entriesOf<Location>(context);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+std::vector<PickerEntry> pickerEntries(StoreContext& context, ReferenceKind kind)
+{
+    std::vector<PickerEntry> entries = entriesInStoreOrder(context, kind);
+    std::ranges::stable_sort(entries, FileBrowserOrder(), &PickerEntry::name);
+    return entries;
+}
+
+} // namespace reelhouse
