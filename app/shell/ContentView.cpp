@@ -1,5 +1,6 @@
 #include "app/shell/ContentView.h"
 
+#include "app/editing/ReferenceManagementView.h"
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
@@ -14,6 +15,7 @@ namespace reelhouse {
 
 ContentView::ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent)
     : QSplitter(Qt::Horizontal, parent)
+    , m_container(container)
     , m_sidebar(new SidebarView)
     , m_screens(new QStackedWidget)
     , m_library(new LibraryView(container, preferences))
@@ -47,12 +49,27 @@ void ContentView::showScreen(NavItem item)
     m_screens->addWidget(screen);
     m_screens->setCurrentWidget(screen);
     if (former != m_library)
-        former->deleteLater();
+        former->deleteLater(); // and with it what it had opened
 }
 
 QWidget* ContentView::makeScreen(NavItem item)
 {
-    auto* screen = new QWidget(this);
+    StoreContext& context = m_container.context();
+    switch (item) {
+    case NavItem::Types:
+        return new TypesManagementView(context);
+    case NavItem::Brands:
+        return new BrandsManagementView(context);
+    case NavItem::Ranges:
+        return new RangesManagementView(context);
+    case NavItem::Locations:
+        return new LocationsManagementView(context);
+    case NavItem::Library:
+    case NavItem::ExportImport:
+    case NavItem::CsvExport:
+        break;
+    }
+    auto* screen = new QWidget;
     auto* title = new QLabel(navItemTitle(item), screen);
     setTextStyle(title, TextStyle::ScreenTitle);
     auto* column = new QVBoxLayout(screen);

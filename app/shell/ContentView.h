@@ -27,6 +27,7 @@ public:
 private:
     QWidget* makeScreen(NavItem item);
 
+    StoreContainer& m_container;
     NavItem m_selection = NavItem::Library;
     SidebarView* m_sidebar;
     QStackedWidget* m_screens;

@@ -1,8 +1,10 @@
 #include "app/shell/ContentView.h"
 
+#include "app/editing/ReferenceManagementView.h"
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
 #include "app/ui/SearchField.h"
+#include "app/ui/Sheet.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
@@ -10,6 +12,8 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QStackedWidget>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -21,6 +25,7 @@ private slots:
     void theLibraryIsShownFirst();
     void everyScreenShowsItsTitle();
     void theLibraryKeepsItsSearchWhileOthersAreShown();
+    void theReferenceScreensAreMadeAnewAndGoWithTheirSheets();
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
 };
@@ -83,6 +88,28 @@ void ContentViewTest::theLibraryKeepsItsSearchWhileOthersAreShown()
 
     QCOMPARE(fixture.content.findChild<SearchField*>(), field);
     QCOMPARE(field->text(), u"rouge"_s);
+}
+
+void ContentViewTest::theReferenceScreensAreMadeAnewAndGoWithTheirSheets()
+{
+    ContentViewFixture fixture;
+    fixture.content.showScreen(NavItem::Types);
+    QVERIFY(fixture.content.findChild<TypesManagementView*>());
+    fixture.content.showScreen(NavItem::Brands);
+    const QPointer<BrandsManagementView> brands(fixture.content.findChild<BrandsManagementView*>());
+    QVERIFY(brands);
+    brands->findChild<QPushButton*>()->click();
+    const QPointer<Sheet> sheet(brands->findChild<Sheet*>());
+    QVERIFY(sheet->isVisible());
+
+    fixture.content.showScreen(NavItem::Ranges);
+    QVERIFY(fixture.content.findChild<RangesManagementView*>());
+    QTRY_VERIFY(brands.isNull() && sheet.isNull());
+
+    fixture.content.showScreen(NavItem::Locations);
+    QVERIFY(fixture.content.findChild<LocationsManagementView*>());
+    QCOMPARE(fixture.content.findChild<QStackedWidget*>()->currentWidget(),
+        fixture.content.findChild<LocationsManagementView*>());
 }
 
 void ContentViewTest::aTemporaryStockSaysSo_data()

@@ -1,0 +1,34 @@
+#include "app/editing/DuplicateNameHint.h"
+
+#include "app/ui/Palette.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtGui/QAccessible>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+DuplicateNameHint::DuplicateNameHint(QWidget* parent)
+    : QLabel(u"Ce nom existe déjà."_s, parent)
+{
+    setTextStyle(this, TextStyle::Caption);
+    setTextTone(this, TextTone::Red);
+    QSizePolicy policy = sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    setSizePolicy(policy);
+    hide();
+}
+
+void DuplicateNameHint::setDuplicate(bool isDuplicate)
+{
+    if (isDuplicate == !isHidden())
+        return;
+    setVisible(isDuplicate);
+    if (isDuplicate) {
+        QAccessibleEvent event(this, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+} // namespace reelhouse

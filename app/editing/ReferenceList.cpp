@@ -1,0 +1,131 @@
+#include "app/editing/ReferenceList.h"
+
+#include "app/editing/ReferenceTexts.h"
+#include "core/model/StoreContext.h"
+#include "core/text/Folding.h"
+#include "core/text/NameOrder.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace reelhouse {
+
+namespace {
+
+/// Calls `action` with the class of the entries of a list.
+template <class Action>
+auto withEntryClass(ReferenceKind kind, Action action)
+{
+    switch (kind) {
+    case ReferenceKind::Type:
+        return action(std::type_identity<FilamentType>{});
+    case ReferenceKind::Brand:
+        return action(std::type_identity<Brand>{});
+    case ReferenceKind::Range:
+        return action(std::type_identity<FilamentRange>{});
+    case ReferenceKind::Location:
+        return action(std::type_identity<Location>{});
+    }
+    Q_UNREACHABLE();
+}
+
+QString trimmedName(const QString& typed)
+{
+    return trimmed(typed).toString();
+}
+
+struct NamedEntry {
+    ReferenceId id;
+    QString name;
+};
+
+} // namespace
+
+ReferenceList::ReferenceList(StoreContext& context, ReferenceKind kind)
+    : m_context(context)
+    , m_kind(kind)
+{
+}
+
+std::vector<ReferenceId> ReferenceList::sortedEntries() const
+{
+    std::vector<NamedEntry> entries;
+    withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
+        for (const auto& entry : m_context.fetchAll<T>())
+            entries.push_back({{entry->id().value}, entry->name()});
+    });
+    std::ranges::stable_sort(entries, FileBrowserOrder(), &NamedEntry::name);
+    std::vector<ReferenceId> ids(entries.size());
+    std::ranges::transform(entries, ids.begin(), &NamedEntry::id);
+    return ids;
+}
+
+FilamentContainer* ReferenceList::find(ReferenceId id) const
+{
+    return withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) -> FilamentContainer* {
+        return m_context.find(EntityId<T>{id.value});
+    });
+}
+
+QString ReferenceList::symbol(const FilamentContainer& entry) const
+{
+    if (m_kind == ReferenceKind::Type)
+        return static_cast<const FilamentType&>(entry).iconName();
+    return referenceTexts(m_kind).rowSymbol;
+}
+
+NameCheck ReferenceList::check(const QString& typed, ReferenceId edited) const
+{
+    const QString name = trimmedName(typed);
+    if (name.isEmpty())
+        return NameCheck::Blank;
+    const QString key = normalizedForKey(name);
+    if (key.isEmpty())
+        return NameCheck::Free;
+    const bool isTaken = withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
+        return std::ranges::any_of(m_context.fetchAll<T>(), [&](const auto& entry) {
+            return entry->id().value != edited.value && normalizedForKey(entry->name()) == key;
+        });
+    });
+    return isTaken ? NameCheck::Taken : NameCheck::Free;
+}
+
+void ReferenceList::add(const QString& typed, const QString& iconName)
+{
+    const QString name = trimmedName(typed);
+    m_context.perform(referenceTexts(m_kind).addCommand, [&] {
+        withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
+            if constexpr (std::is_same_v<T, FilamentType>)
+                m_context.insert(std::make_unique<T>(name, iconName));
+            else
+                m_context.insert(std::make_unique<T>(name));
+        });
+    });
+}
+
+void ReferenceList::edit(ReferenceId id, const QString& typed, const QString& iconName)
+{
+    const QString name = trimmedName(typed);
+    m_context.perform(referenceTexts(m_kind).editTitle, [&] {
+        withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
+            T* entry = m_context.find(EntityId<T>{id.value});
+            if (!entry)
+                return;
+            entry->setName(name);
+            if constexpr (std::is_same_v<T, FilamentType>)
+                entry->setIconName(iconName);
+        });
+    });
+}
+
+void ReferenceList::remove(ReferenceId id)
+{
+    m_context.perform(referenceTexts(m_kind).deleteAction, [&] {
+        withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
+            if (T* entry = m_context.find(EntityId<T>{id.value}))
+                m_context.remove(*entry);
+        });
+    });
+}
+
+} // namespace reelhouse
