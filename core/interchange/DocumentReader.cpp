@@ -1,0 +1,420 @@
+#include "core/interchange/DocumentReader.h"
+
+#include <QtCore/QJsonDocument>
+
+#include <array>
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <simdjson.h>
+#include <string_view>
+#include <unordered_map>
+#include <unordered_set>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+using Refusal = ExportDecodingError::Kind;
+using Failed = std::optional<ExportDecodingError>;
+namespace dom = simdjson::dom;
+
+/// Above it a floating-point number is no longer one certain integer.
+constexpr double largestExactInteger = 9007199254740992.0;
+
+constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
+
+QString toText(std::string_view bytes)
+{
+    return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+}
+
+/// Gives equal texts one buffer: a document names few entries many times.
+class SharedTexts final {
+public:
+    const QString& text(std::string_view bytes)
+    {
+        const auto [place, isNew] = m_texts.try_emplace(bytes);
+        if (isNew)
+            place->second = toText(bytes);
+        return place->second;
+    }
+
+private:
+    std::unordered_map<std::string_view, QString> m_texts;
+};
+
+/// A path into the document, written out only when something is wrong there.
+struct Place {
+    const char* list; ///< Null at the root.
+    size_t index;
+
+    QString text(std::string_view key = {}) const
+    {
+        QString path;
+        if (list)
+            path = QLatin1StringView(list) + u'[' + QString::number(index) + u']';
+        if (!path.isEmpty() && !key.empty())
+            path += u'.';
+        return path + toText(key);
+    }
+};
+
+Failed checkKeys(dom::element value, const QString& place);
+
+/// Nothing in a JSON text says which of two equal keys counts.
+Failed checkKeys(dom::object object, const QString& place)
+{
+    std::unordered_set<std::string_view> keys;
+    for (const auto [key, value] : object) {
+        const QString path = place.isEmpty() ? toText(key) : place + u'.' + toText(key);
+        if (!keys.insert(key).second)
+            return ExportDecodingError{Refusal::DuplicateKey, path};
+        if (auto failed = checkKeys(value, path))
+            return failed;
+    }
+    return std::nullopt;
+}
+
+Failed checkKeys(dom::array array, const QString& place)
+{
+    size_t index = 0;
+    for (const dom::element value : array) {
+        const QString path = place + u'[' + QString::number(index++) + u']';
+        if (auto failed = checkKeys(value, path))
+            return failed;
+    }
+    return std::nullopt;
+}
+
+/// Of a value that the program does not know. Its depth is bounded by the parser's.
+Failed checkKeys(dom::element value, const QString& place)
+{
+    if (value.is_object())
+        return checkKeys(value.get_object().value_unsafe(), place);
+    if (value.is_array())
+        return checkKeys(value.get_array().value_unsafe(), place);
+    return std::nullopt;
+}
+
+enum class Need : quint8 { Required, Optional };
+
+std::optional<Refusal> readInteger(dom::element value, qint64& target)
+{
+    switch (value.type()) {
+    case dom::element_type::INT64:
+        target = value.get_int64().value_unsafe();
+        return std::nullopt;
+    case dom::element_type::UINT64:
+        return Refusal::OutOfRange;
+    case dom::element_type::DOUBLE: {
+        const double number = value.get_double().value_unsafe();
+        if (number != std::floor(number))
+            return Refusal::NotAnInteger;
+        if (std::abs(number) > largestExactInteger)
+            return Refusal::OutOfRange;
+        target = qint64(number);
+        return std::nullopt;
+    }
+    default:
+        return Refusal::NotAnInteger;
+    }
+}
+
+/// The digits of `text` from `begin` to `end` as a number; -1 when one is none.
+int readDigits(std::string_view text, size_t begin, size_t end)
+{
+    int number = 0;
+    for (size_t place = begin; place < end; ++place) {
+        if (text[place] < '0' || text[place] > '9')
+            return -1;
+        number = number * 10 + (text[place] - '0');
+    }
+    return number;
+}
+
+std::optional<qint64> readDate(std::string_view text)
+{
+    using namespace std::chrono;
+    constexpr std::string_view form = "0000-00-00T00:00:00Z";
+    if (text.size() != form.size())
+        return std::nullopt;
+    for (const size_t place : {4U, 7U, 10U, 13U, 16U, 19U}) {
+        if (text[place] != form[place])
+            return std::nullopt;
+    }
+    const std::array parts{readDigits(text, 0, 4), readDigits(text, 5, 7), readDigits(text, 8, 10),
+        readDigits(text, 11, 13), readDigits(text, 14, 16), readDigits(text, 17, 19)};
+    if (std::ranges::any_of(parts, [](int part) { return part < 0; }))
+        return std::nullopt;
+    const auto [years, months, monthDays, hour, minute, second] = parts;
+    const year_month_day date{
+        year(years), month(static_cast<unsigned>(months)), day(static_cast<unsigned>(monthDays))};
+    if (!date.ok() || hour > 23 || minute > 59 || second > 59)
+        return std::nullopt;
+    const sys_seconds moment = sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
+    return duration_cast<milliseconds>(moment.time_since_epoch()).count();
+}
+
+std::optional<Refusal> readText(dom::element value, QString& target)
+{
+    if (!value.is_string())
+        return Refusal::NotAText;
+    target = toText(value.get_string().value_unsafe());
+    return std::nullopt;
+}
+
+template <class Value, class Read>
+std::optional<Refusal> readOptional(dom::element value, std::optional<Value>& target, Read read)
+{
+    if (value.is_null())
+        return std::nullopt;
+    return read(value, target.emplace());
+}
+
+/// One key of an object and how its value is read.
+template <class Record>
+struct Field {
+    std::string_view key;
+    Need need;
+    std::optional<Refusal> (*read)(dom::element value, Record& record, SharedTexts& shared);
+};
+
+template <class Record, QString Record::*member>
+std::optional<Refusal> textField(dom::element value, Record& record, SharedTexts& /*shared*/)
+{
+    return readText(value, record.*member);
+}
+
+template <class Record, std::optional<QString> Record::*member>
+std::optional<Refusal> optionalTextField(
+    dom::element value, Record& record, SharedTexts& /*shared*/)
+{
+    return readOptional(value, record.*member, readText);
+}
+
+template <std::optional<QString> ExportFilament::*member>
+std::optional<Refusal> referenceField(
+    dom::element value, ExportFilament& filament, SharedTexts& shared)
+{
+    return readOptional(value, filament.*member, [&](dom::element name, QString& target) {
+        if (!name.is_string())
+            return std::optional(Refusal::NotAText);
+        target = shared.text(name.get_string().value_unsafe());
+        return std::optional<Refusal>();
+    });
+}
+
+std::optional<Refusal> dateField(
+    dom::element value, ExportFilament& filament, SharedTexts& /*shared*/)
+{
+    if (!value.is_string())
+        return Refusal::NotADate;
+    const auto date = readDate(value.get_string().value_unsafe());
+    if (!date)
+        return Refusal::NotADate;
+    filament.dateAddedMs = *date;
+    return std::nullopt;
+}
+
+std::optional<Refusal> spoolsField(
+    dom::element value, ExportFilament& filament, SharedTexts& /*shared*/)
+{
+    return readInteger(value, filament.spoolsCount);
+}
+
+std::optional<Refusal> openedField(
+    dom::element value, ExportFilament& filament, SharedTexts& /*shared*/)
+{
+    return readOptional(value, filament.openedSpoolsCount, readInteger);
+}
+
+template <class Named>
+constexpr std::array namedFields{
+    Field<Named>{"name", Need::Required, textField<Named, &Named::name>}};
+
+constexpr std::array typeFields{Field<ExportType>{"iconName", Need::Optional,
+                                    optionalTextField<ExportType, &ExportType::iconName>},
+    Field<ExportType>{"name", Need::Required, textField<ExportType, &ExportType::name>}};
+
+/// In the order of a written document, so that the next key is mostly the next field.
+constexpr std::array filamentFields{
+    Field<ExportFilament>{"brand", Need::Optional, referenceField<&ExportFilament::brand>},
+    Field<ExportFilament>{
+        "colorHex", Need::Required, textField<ExportFilament, &ExportFilament::colorHex>},
+    Field<ExportFilament>{
+        "colorName", Need::Optional, optionalTextField<ExportFilament, &ExportFilament::colorName>},
+    Field<ExportFilament>{"dateAdded", Need::Required, dateField},
+    Field<ExportFilament>{"location", Need::Optional, referenceField<&ExportFilament::location>},
+    Field<ExportFilament>{
+        "notes", Need::Required, textField<ExportFilament, &ExportFilament::notes>},
+    Field<ExportFilament>{"openedSpoolsCount", Need::Optional, openedField},
+    Field<ExportFilament>{"range", Need::Optional, referenceField<&ExportFilament::range>},
+    Field<ExportFilament>{"spoolsCount", Need::Required, spoolsField},
+    Field<ExportFilament>{"type", Need::Optional, referenceField<&ExportFilament::type>}};
+
+template <class Record, size_t count>
+size_t fieldOf(const std::array<Field<Record>, count>& fields, std::string_view key, size_t guess)
+{
+    for (size_t tried = 0; tried < count; ++tried) {
+        const size_t field = (guess + tried) % count;
+        if (fields[field].key == key)
+            return field;
+    }
+    return count;
+}
+
+/// Reads the members of one record. A key is looked for where it stands in a written document.
+template <class Record, size_t count>
+Failed readRecord(dom::element element, const std::array<Field<Record>, count>& fields,
+    const Place& place, SharedTexts& shared, Record& record)
+{
+    dom::object object;
+    if (element.get(object) != simdjson::SUCCESS)
+        return ExportDecodingError{Refusal::NotAnObject, place.text()};
+    std::array<bool, count> isRead{};
+    bool hasUnknown = false;
+    size_t next = 0;
+    for (const auto [key, value] : object) {
+        const size_t field = fieldOf(fields, key, next);
+        if (field == count) {
+            hasUnknown = true;
+            continue;
+        }
+        if (std::exchange(isRead[field], true))
+            return ExportDecodingError{Refusal::DuplicateKey, place.text(key)};
+        if (value.is_null() && fields[field].need == Need::Required)
+            return ExportDecodingError{Refusal::Missing, place.text(key)};
+        if (const auto kind = fields[field].read(value, record, shared))
+            return ExportDecodingError{*kind, place.text(key)};
+        next = field + 1;
+    }
+    if (hasUnknown) {
+        if (auto failed = checkKeys(object, place.text()))
+            return failed;
+    }
+    for (size_t field = 0; field < count; ++field) {
+        if (!isRead[field] && fields[field].need == Need::Required)
+            return ExportDecodingError{Refusal::Missing, place.text(fields[field].key)};
+    }
+    return std::nullopt;
+}
+
+template <class Record, size_t count>
+Failed readList(dom::object root, const char* key, const std::array<Field<Record>, count>& fields,
+    SharedTexts& shared, std::vector<Record>& records)
+{
+    dom::element value;
+    if (root.at_key(key).get(value) != simdjson::SUCCESS || value.is_null())
+        return ExportDecodingError{Refusal::Missing, toText(key)};
+    dom::array array;
+    if (value.get(array) != simdjson::SUCCESS)
+        return ExportDecodingError{Refusal::NotAnArray, toText(key)};
+    records.reserve(array.size());
+    Place place{key, 0};
+    for (const dom::element element : array) {
+        if (auto failed = readRecord(element, fields, place, shared, records.emplace_back()))
+            return failed;
+        ++place.index;
+    }
+    return std::nullopt;
+}
+
+/// The keys of the root itself; what lies below those it knows is read by readList.
+Failed checkRootKeys(dom::object root)
+{
+    constexpr std::array lists{"types", "brands", "ranges", "locations", "filaments"};
+    std::unordered_set<std::string_view> keys;
+    for (const auto [key, value] : root) {
+        if (!keys.insert(key).second)
+            return ExportDecodingError{Refusal::DuplicateKey, toText(key)};
+        if (std::ranges::find(lists, key) != lists.end())
+            continue;
+        if (auto failed = checkKeys(value, toText(key)))
+            return failed;
+    }
+    return std::nullopt;
+}
+
+Failed readVersion(dom::object root, std::optional<qint64>& version)
+{
+    dom::element value;
+    if (root.at_key("schemaVersion").get(value) != simdjson::SUCCESS)
+        return std::nullopt;
+    if (const auto kind = readOptional(value, version, readInteger))
+        return ExportDecodingError{*kind, u"schemaVersion"_s};
+    return std::nullopt;
+}
+
+Failed readRoot(dom::element element, ExportData& data)
+{
+    dom::object root;
+    if (element.get(root) != simdjson::SUCCESS)
+        return ExportDecodingError{Refusal::NotAnObject, {}};
+    if (auto failed = checkRootKeys(root))
+        return failed;
+    if (auto failed = readVersion(root, data.schemaVersion))
+        return failed;
+    SharedTexts shared;
+    if (auto failed = readList(root, "types", typeFields, shared, data.types))
+        return failed;
+    if (auto failed = readList(root, "brands", namedFields<ExportBrand>, shared, data.brands))
+        return failed;
+    if (auto failed = readList(root, "ranges", namedFields<ExportRange>, shared, data.ranges))
+        return failed;
+    if (auto failed
+        = readList(root, "locations", namedFields<ExportLocation>, shared, data.locations))
+        return failed;
+    return readList(root, "filaments", filamentFields, shared, data.filaments);
+}
+
+/// Asks a parser that is slower but says where it stopped.
+QString placeOfSyntaxError(const QByteArray& bytes)
+{
+    QJsonParseError error;
+    QJsonDocument::fromJson(bytes, &error);
+    if (error.error == QJsonParseError::NoError)
+        return {};
+    const auto offset = std::clamp(qsizetype(error.offset), qsizetype{0}, bytes.size());
+    return u"ligne "_s + QString::number(QByteArrayView(bytes).first(offset).count('\n') + 1);
+}
+
+ExportDecodingError describe(simdjson::error_code code, const QByteArray& bytes)
+{
+    switch (code) {
+    case simdjson::CAPACITY:
+    case simdjson::MEMALLOC:
+        return {Refusal::TooLarge, {}};
+    case simdjson::NUMBER_ERROR: {
+        // Also what a number that no program can hold is called.
+        const QString place = placeOfSyntaxError(bytes);
+        return {place.isEmpty() ? Refusal::NumberTooLarge : Refusal::NotJson, place};
+    }
+    default:
+        return {Refusal::NotJson, placeOfSyntaxError(bytes)};
+    }
+}
+
+} // namespace
+
+Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
+{
+    if (bytes.startsWith(byteOrderMark))
+        bytes.remove(0, byteOrderMark.size());
+    bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
+    dom::parser parser;
+    dom::element root;
+    // The room behind the text is there already, so the parser need not copy it.
+    const simdjson::error_code code
+        = parser.parse(bytes.constData(), size_t(bytes.size()), false).get(root);
+    if (code != simdjson::SUCCESS)
+        return Failure{describe(code, bytes)};
+    ExportData data;
+    if (auto failed = readRoot(root, data))
+        return Failure{*failed};
+    return data;
+}
+
+} // namespace reelhouse
