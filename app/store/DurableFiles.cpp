@@ -1,61 +1,25 @@
 #include "app/store/DurableFiles.h"
 
-#include <QtCore/QFile>
+#include "app/store/Descriptor.h"
+
 #include <QtCore/QFileInfo>
 
 #include <array>
-#include <cerrno>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
+
+using namespace Qt::StringLiterals;
 
 namespace reelhouse::DurableFiles {
 
 namespace {
 
-/// An open file of the system, closed at the end of the scope.
-class Descriptor final {
-public:
-    Descriptor(const QString& path, int flags)
-        : m_value(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, 0666))
-    {
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    ~Descriptor()
-    {
-        if (isOpen())
-            ::close(m_value);
-    }
-
-    bool isOpen() const { return m_value >= 0; }
-    int value() const { return m_value; }
-
-private:
-    int m_value;
-};
-
 std::optional<SystemError> syncFolderOf(const QString& path)
 {
     const Descriptor folder(QFileInfo(path).path(), O_RDONLY | O_DIRECTORY);
-    if (!folder.isOpen() || ::fsync(folder.value()) != 0)
-        return lastSystemError();
-    return std::nullopt;
+    return folder.isOpen() ? folder.sync() : lastSystemError();
 }
 
-std::optional<SystemError> writeAll(int file, const char* bytes, ssize_t size)
-{
-    while (size > 0) {
-        const ssize_t written = ::write(file, bytes, size_t(size));
-        if (written < 0 && errno != EINTR)
-            return lastSystemError();
-        bytes += std::max(written, ssize_t{0});
-        size -= std::max(written, ssize_t{0});
-    }
-    return std::nullopt;
-}
-
-std::optional<SystemError> copyBytes(int from, int to)
+std::optional<SystemError> copyBytes(int from, const Descriptor& to)
 {
     std::array<char, 65536> buffer;
     while (true) {
@@ -66,7 +30,7 @@ std::optional<SystemError> copyBytes(int from, int to)
             continue;
         if (size < 0)
             return lastSystemError();
-        if (const auto error = writeAll(to, buffer.data(), size))
+        if (const auto error = to.write(QByteArrayView(buffer.data(), size)))
             return error;
     }
 }
@@ -85,11 +49,21 @@ std::optional<SystemError> copyAndSync(const QString& from, const QString& to)
     const Descriptor target(to, O_WRONLY | O_CREAT | O_EXCL);
     if (!target.isOpen())
         return lastSystemError();
-    if (const auto error = copyBytes(source.value(), target.value()))
+    if (const auto error = copyBytes(source.value(), target))
         return error;
-    if (::fsync(target.value()) != 0)
+    return target.sync();
+}
+
+std::optional<SystemError> writeAndSync(const QString& path, QByteArrayView bytes)
+{
+    if (const auto error = remove(path))
+        return error;
+    const Descriptor file(path, O_WRONLY | O_CREAT | O_EXCL);
+    if (!file.isOpen())
         return lastSystemError();
-    return std::nullopt;
+    if (const auto error = file.write(bytes))
+        return error;
+    return file.sync();
 }
 
 } // namespace
@@ -108,6 +82,32 @@ std::optional<SystemError> copy(const QString& from, const QString& to)
     if (error)
         remove(to); // The first error is the one to report.
     return error;
+}
+
+std::optional<SystemError> write(const QString& path, QByteArrayView bytes)
+{
+    const QString temporary = QFileInfo(path).path() + u"/.Spoolwright.new"_s;
+    auto error = writeAndSync(temporary, bytes);
+    if (!error)
+        error = rename(temporary, path);
+    if (error)
+        remove(temporary); // The first error is the one to report.
+    return error;
+}
+
+std::optional<SystemError> makeFolder(const QString& path)
+{
+    if (::mkdir(QFile::encodeName(path).constData(), 0777) == 0)
+        return syncFolderOf(path);
+    if (errno == EEXIST)
+        return QFileInfo(path).isDir() ? std::nullopt : std::optional(SystemError{ENOTDIR});
+    const QString parent = QFileInfo(path).path();
+    if (errno != ENOENT || parent == path)
+        return lastSystemError();
+    if (const auto error = makeFolder(parent))
+        return error;
+    return ::mkdir(QFile::encodeName(path).constData(), 0777) == 0 ? syncFolderOf(path)
+                                                                   : lastSystemError();
 }
 
 std::optional<SystemError> rename(const QString& from, const QString& to)

@@ -2,6 +2,8 @@
 
 #include "app/store/SystemErrors.h"
 
+#include <QtCore/QByteArrayView>
+
 /// File operations that have reached the disk when they return.
 namespace reelhouse::DurableFiles {
 
@@ -11,6 +13,14 @@ bool isTaken(const QString& path);
 /// Copies the bytes of the regular file `from` to `to`, which is overwritten. The copy is an
 /// ordinary file of the user's; `from` is only read. After an error nothing is left at `to`.
 std::optional<SystemError> copy(const QString& from, const QString& to);
+
+/// Writes a file of that name, whole or not at all: until every byte has reached the disk under
+/// another name in the same folder, `path` is what it was. That name is always the same, so a crash
+/// leaves one file at most; the folder is written into by one caller at a time.
+std::optional<SystemError> write(const QString& path, QByteArrayView bytes);
+
+/// Makes the folder and those above it, unless they exist.
+std::optional<SystemError> makeFolder(const QString& path);
 
 /// Gives `from` the name `to` in the same folder, replacing what had it.
 std::optional<SystemError> rename(const QString& from, const QString& to);

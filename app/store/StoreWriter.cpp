@@ -174,13 +174,14 @@ void StoreWriter::write(const StockChanges& changes)
         for (const EntityId<T> id : changes.of<T>().removed)
             table.remove(id);
     };
-    std::apply([&](auto&... tables) { (insertAndUpdate(tables), ...); }, m_tables);
-    // The filaments go first: for each removed entry SQLite looks through those that are left.
+    // What goes, goes first, the filaments ahead: for each removed entry SQLite looks through all
+    // the filaments that are there, and when the whole stock is replaced that are none.
     remove(std::get<TableWriter<Filament>>(m_tables));
     remove(std::get<TableWriter<FilamentType>>(m_tables));
     remove(std::get<TableWriter<Brand>>(m_tables));
     remove(std::get<TableWriter<FilamentRange>>(m_tables));
     remove(std::get<TableWriter<Location>>(m_tables));
+    std::apply([&](auto&... tables) { (insertAndUpdate(tables), ...); }, m_tables);
 }
 
 } // namespace reelhouse
