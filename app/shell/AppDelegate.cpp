@@ -1,5 +1,6 @@
 #include "app/shell/AppDelegate.h"
 
+#include "app/backup/BackupService.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/WindowDecoration.h"
 #include "app/shell/WindowPlacement.h"
@@ -166,6 +167,13 @@ void AppDelegate::terminate()
 {
     saveWindowStateIfEnabled();
     QCoreApplication::exit(0);
+}
+
+void AppDelegate::performBackupIfEnabled()
+{
+    StoreContainer* container = modelContainer();
+    if (m_preferences.autoBackupOnQuit() && container)
+        BackupService::performBackup(*container, m_preferences.maxBackups());
 }
 
 void AppDelegate::presentStoreError(const QString& message)

@@ -33,6 +33,9 @@ public:
     void saveWindowStateIfEnabled();
     /// Saves the stock and the window, then ends the event loop with status 0, without a question.
     void terminate();
+    /// Writes the quit backup when the user wants one. Returns when it is on disk; a failure never
+    /// stops the quit.
+    void performBackupIfEnabled();
     /// The alert that tells why the program runs on the temporary store. Modal.
     void presentStoreError(const QString& message);
 

@@ -1,11 +1,13 @@
 #include "app/shell/ContentView.h"
 
+#include "app/backup/BackupService.h"
 #include "app/editing/ReferenceManagementView.h"
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
 #include "app/store/StoreContainer.h"
 #include "app/ui/TextStyle.h"
+#include "core/preferences/Preferences.h"
 
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStackedWidget>
@@ -16,6 +18,7 @@ namespace reelhouse {
 ContentView::ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent)
     : QSplitter(Qt::Horizontal, parent)
     , m_container(container)
+    , m_preferences(preferences)
     , m_sidebar(new SidebarView)
     , m_screens(new QStackedWidget)
     , m_library(new LibraryView(container, preferences))
@@ -36,6 +39,13 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences, QW
     setStretchFactor(1, 1);
     m_sidebar->setSelection(m_selection);
     connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);
+}
+
+void ContentView::performStartupBackupIfNeeded()
+{
+    if (std::exchange(m_didBackup, true) || !m_preferences.autoBackupOnLaunch())
+        return;
+    BackupService::performBackup(m_container, m_preferences.maxBackups());
 }
 
 void ContentView::showScreen(NavItem item)

@@ -21,6 +21,10 @@ class ContentView final : public QSplitter {
 public:
     ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent = nullptr);
 
+    /// Writes the launch backup when the user wants one, once; to be called before the content is
+    /// first shown, which is when the sample data comes into an empty stock. A failure is passed
+    /// over.
+    void performStartupBackupIfNeeded();
     void showScreen(NavItem item);
     NavItem selection() const { return m_selection; }
 
@@ -28,6 +32,8 @@ private:
     QWidget* makeScreen(NavItem item);
 
     StoreContainer& m_container;
+    Preferences& m_preferences;
+    bool m_didBackup = false;
     NavItem m_selection = NavItem::Library;
     SidebarView* m_sidebar;
     QStackedWidget* m_screens;

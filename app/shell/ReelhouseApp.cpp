@@ -52,6 +52,7 @@ int ReelhouseApp::run()
     // Whatever ended the event loop, what the last action changed is not lost.
     if (StoreContainer* container = m_provider.container())
         container->context().save();
+    m_delegate.performBackupIfEnabled();
     return status;
 }
 
@@ -68,6 +69,7 @@ void ReelhouseApp::showScreen()
 void ReelhouseApp::showContent(StoreContainer& container)
 {
     auto* content = new ContentView(container, m_preferences);
+    content->performStartupBackupIfNeeded();
     new UndoCommands(container.context(), m_window.editMenu(), content);
     m_window.showScreen(content);
 }

@@ -1,5 +1,6 @@
 #include "app/shell/AppDelegate.h"
 
+#include "app/backup/BackupService.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/WindowPlacement.h"
 #include "app/store/StoreProvider.h"
@@ -34,6 +35,9 @@ private slots:
     void closingSavesTheSize();
     void terminatingSavesTheSizeAndEndsWithZero();
     void endingBeforeTheWindowStandsKeepsTheSavedSize();
+    void quittingWritesABackupWhenWanted_data();
+    void quittingWritesABackupWhenWanted();
+    void withoutAStockThereIsNoBackup();
     void theMenuBarHoldsWhatWorksToday();
 };
 
@@ -263,6 +267,39 @@ void AppDelegateTest::endingBeforeTheWindowStandsKeepsTheSavedSize()
     fixture.delegate.terminate();
 
     QCOMPARE(fixture.preferences.windowSize(), QSizeF(1234, 890));
+}
+
+void AppDelegateTest::quittingWritesABackupWhenWanted_data()
+{
+    QTest::addColumn<std::optional<bool>>("wanted");
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("never said") << std::optional<bool>() << 1;
+    QTest::newRow("wanted") << std::optional(true) << 1;
+    QTest::newRow("not wanted") << std::optional(false) << 0;
+}
+
+void AppDelegateTest::quittingWritesABackupWhenWanted()
+{
+    QFETCH(std::optional<bool>, wanted);
+    AppDelegateFixture fixture;
+    if (wanted)
+        fixture.preferences.setAutoBackupOnQuit(*wanted);
+    fixture.preferences.setAutoBackupOnLaunch(false);
+    fixture.launch();
+
+    fixture.delegate.performBackupIfEnabled();
+
+    QTEST(BackupService::storedBackupCount(*fixture.provider.container()), "expected");
+}
+
+void AppDelegateTest::withoutAStockThereIsNoBackup()
+{
+    AppDelegateFixture fixture;
+
+    fixture.delegate.performBackupIfEnabled();
+
+    QVERIFY(!QFile::exists(fixture.folder.filePath(u"Documents"_s)));
 }
 
 void AppDelegateTest::theMenuBarHoldsWhatWorksToday()

@@ -6,6 +6,7 @@
 #include "app/ui/SearchField.h"
 #include "app/ui/Sheet.h"
 #include "core/preferences/Preferences.h"
+#include "tests/app/backup/BackupFixture.h"
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
 
@@ -26,6 +27,9 @@ private slots:
     void everyScreenShowsItsTitle();
     void theLibraryKeepsItsSearchWhileOthersAreShown();
     void theReferenceScreensAreMadeAnewAndGoWithTheirSheets();
+    void theLaunchBackupComesBeforeTheSampleData();
+    void theLaunchBackupIsWrittenWhenWanted_data();
+    void theLaunchBackupIsWrittenWhenWanted();
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
 };
@@ -110,6 +114,47 @@ void ContentViewTest::theReferenceScreensAreMadeAnewAndGoWithTheirSheets()
     QVERIFY(fixture.content.findChild<LocationsManagementView*>());
     QCOMPARE(fixture.content.findChild<QStackedWidget*>()->currentWidget(),
         fixture.content.findChild<LocationsManagementView*>());
+}
+
+void ContentViewTest::theLaunchBackupComesBeforeTheSampleData()
+{
+    const tests::BackupFixture files;
+    Preferences preferences(files.folder.filePath(u"preferences.conf"_s));
+    ContentView content(*files.stock, preferences);
+
+    content.performStartupBackupIfNeeded();
+    content.show();
+    content.performStartupBackupIfNeeded();
+
+    QVERIFY(files.stock->context().count<Filament>() > 0);
+    QCOMPARE(files.entries().size(), 1);
+    QVERIFY(tests::BackupFixture::readFile(files.backupPath(files.entries().first()))
+                .contains("\"filaments\" : [\n\n  ]"));
+}
+
+void ContentViewTest::theLaunchBackupIsWrittenWhenWanted_data()
+{
+    QTest::addColumn<StoreKind>("kind");
+    QTest::addColumn<bool>("wanted");
+    QTest::addColumn<int>("expected");
+
+    QTest::newRow("wanted") << StoreKind::File << true << 1;
+    QTest::newRow("not wanted") << StoreKind::File << false << 0;
+    QTest::newRow("temporary") << StoreKind::Memory << true << 0;
+}
+
+void ContentViewTest::theLaunchBackupIsWrittenWhenWanted()
+{
+    QFETCH(StoreKind, kind);
+    QFETCH(bool, wanted);
+    const tests::BackupFixture files(kind);
+    Preferences preferences(files.folder.filePath(u"preferences.conf"_s));
+    preferences.setAutoBackupOnLaunch(wanted);
+    ContentView content(*files.stock, preferences);
+
+    content.performStartupBackupIfNeeded();
+
+    QTEST(int(files.entries().size()), "expected");
 }
 
 void ContentViewTest::aTemporaryStockSaysSo_data()
