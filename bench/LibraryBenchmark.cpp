@@ -1,3 +1,4 @@
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
 #include "app/library/ListView.h"
 #include "app/store/SqliteStore.h"
@@ -24,7 +25,7 @@ public:
     explicit ShownLibrary(int filaments)
         : m_preferences(m_folder.filePath(u"preferences.ini"_s))
         , m_stock(makeStock(filaments))
-        , m_library(*m_stock, m_preferences)
+        , m_library(*m_stock, m_preferences, m_favorites)
     {
         m_library.resize(1080, 800);
         m_library.show();
@@ -47,6 +48,7 @@ private:
 
     QTemporaryDir m_folder;
     Preferences m_preferences;
+    FilterFavoritesStore m_favorites{m_preferences};
     std::unique_ptr<StoreContainer> m_stock;
     LibraryView m_library;
 };

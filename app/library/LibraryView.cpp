@@ -1,6 +1,9 @@
 #include "app/library/LibraryView.h"
 
 #include "app/library/FilamentSheets.h"
+#include "app/library/FilterBarView.h"
+#include "app/library/FilterFavoriteSaveView.h"
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryToolbar.h"
 #include "app/library/ListView.h"
 #include "app/library/SpoolActions.h"
@@ -9,19 +12,16 @@
 #include "app/ui/ButtonLook.h"
 #include "app/ui/EmptyState.h"
 #include "app/ui/Palette.h"
-#include "app/ui/SearchField.h"
 #include "app/ui/Separator.h"
 #include "app/ui/Symbol.h"
-#include "app/ui/TextStyle.h"
 #include "core/filters/FilteredStock.h"
+#include "core/filters/SelectionCriteria.h"
 #include "core/filters/StockTotals.h"
 #include "core/model/StoreContext.h"
 #include "core/sample/SampleData.h"
 #include "core/text/Plural.h"
 
 #include <QtGui/QAction>
-#include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
@@ -30,13 +30,14 @@ using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
-LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QWidget* parent)
+LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
+    FilterFavoritesStore& favorites, QWidget* parent)
     : QWidget(parent)
     , m_container(container)
     , m_preferences(preferences)
+    , m_favorites(favorites)
     , m_actions(new SpoolActions(container.context(), this))
-    , m_searchField(new SearchField)
-    , m_resultCount(new QLabel)
+    , m_filterBar(new FilterBarView(container.context(), favorites))
     , m_body(new QStackedWidget)
     , m_list(new ListView(container.context(), *m_actions))
     , m_statusBar(new StatusBarView)
@@ -65,7 +66,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     auto* toolbar = new LibraryToolbar(this);
     column->addWidget(toolbar);
     column->addWidget(new Separator(this));
-    column->addWidget(makeFilterBar());
+    column->addWidget(m_filterBar);
     column->addWidget(new Separator(this));
     column->addWidget(m_body, 1);
     column->addWidget(new Separator(this));
@@ -74,10 +75,12 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     auto* focusSearch = new QAction(this);
     focusSearch->setShortcut(QKeySequence::Find);
     addAction(focusSearch);
-    connect(focusSearch, &QAction::triggered, this,
-        [this] { m_searchField->setFocus(Qt::ShortcutFocusReason); });
-    connect(m_searchField, &QLineEdit::textEdited, this, &LibraryView::search);
-    connect(clear, &QPushButton::clicked, this, &LibraryView::clearSearch);
+    connect(focusSearch, &QAction::triggered, m_filterBar, &FilterBarView::focusSearch);
+    connect(clear, &QPushButton::clicked, this, [this] {
+        m_filterBar->focusSearch();
+        resetFilters();
+    });
+    listenToFilterBar();
     connect(
         toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
     addAction(m_actions->additionCommand());
@@ -85,25 +88,33 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences, QW
     connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
 }
 
-QWidget* LibraryView::makeFilterBar()
+void LibraryView::listenToFilterBar()
 {
-    auto* bar = new QWidget;
-    setTextStyle(m_resultCount, TextStyle::Callout);
-    setTextTone(m_resultCount, TextTone::Secondary);
-    auto* row = new QHBoxLayout(bar);
-    row->setContentsMargins(16, 9, 16, 9);
-    row->setSpacing(12);
-    row->addWidget(m_searchField, 1);
-    row->addWidget(m_resultCount);
-    return bar;
+    connect(m_filterBar, &FilterBarView::selectionEdited, this, &LibraryView::setSelection);
+    connect(m_filterBar, &FilterBarView::resetRequested, this, &LibraryView::resetFilters);
+    connect(m_filterBar, &FilterBarView::favoriteChosen, this, &LibraryView::applyFavorite);
+    connect(m_filterBar, &FilterBarView::favoriteUpdateRequested, this,
+        [this](const FilterFavorite& favorite) {
+            m_favorites.update(favorite.id, currentCriteria());
+        });
+    connect(m_filterBar, &FilterBarView::saveFavoriteRequested, this, &LibraryView::saveFavorite);
+    connect(m_filterBar, &FilterBarView::manageFavoritesRequested, this,
+        &LibraryView::manageFavoritesRequested);
 }
 
 void LibraryView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    applyPendingFavoriteIfNeeded();
     seedOnce();
     if (m_isStale)
         refresh();
+}
+
+void LibraryView::applyPendingFavoriteIfNeeded()
+{
+    if (const auto favorite = std::exchange(m_pendingFavorite, std::nullopt))
+        applyFavorite(*favorite);
 }
 
 void LibraryView::seedOnce()
@@ -116,6 +127,8 @@ void LibraryView::seedOnce()
 void LibraryView::refreshWhenShown()
 {
     m_isStale = true;
+    // At once: an entry that comes back later does not bring its filter back.
+    m_selection = withoutDeleted(m_container.context(), m_selection);
     if (isVisible())
         refresh();
 }
@@ -125,26 +138,50 @@ void LibraryView::refresh()
     m_isStale = false;
     StoreContext& context = m_container.context();
     std::vector<FilamentId> filaments = filteredStock(context, m_selection);
-    m_resultCount->setText(counted(qint64(filaments.size()), u"résultat"_s));
+    m_filterBar->setSelection(m_selection);
+    m_filterBar->setResultCount(qsizetype(filaments.size()));
     if (!filaments.empty())
         m_body->setCurrentWidget(m_list);
     else
         m_body->setCurrentWidget(context.count<Filament>() == 0 ? m_emptyStock : m_noResult);
     m_list->showRows(std::move(filaments));
     m_statusBar->setTotals(stockTotals(context));
+    emit criteriaChanged();
 }
 
-void LibraryView::search(const QString& text)
+FilterCriteria LibraryView::currentCriteria() const
 {
-    m_selection.searchText = text;
+    return criteriaOf(m_container.context(), m_selection);
+}
+
+void LibraryView::setSelection(const FilterSelection& selection)
+{
+    m_selection = selection;
     refresh();
 }
 
-void LibraryView::clearSearch()
+void LibraryView::resetFilters()
 {
-    m_searchField->clear();
-    m_searchField->setFocus();
-    search({});
+    setSelection({});
+}
+
+void LibraryView::applyFavorite(const FilterFavorite& favorite)
+{
+    setSelection(selectionOf(m_container.context(), favorite.criteria));
+}
+
+void LibraryView::setPendingFavorite(const FilterFavorite& favorite)
+{
+    m_pendingFavorite = favorite;
+    if (isVisible())
+        applyPendingFavoriteIfNeeded();
+}
+
+void LibraryView::saveFavorite()
+{
+    auto* sheet = new FilterFavoriteSaveView(m_favorites, currentCriteria(), this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
 }
 
 } // namespace reelhouse

@@ -2,6 +2,8 @@
 
 #include "app/backup/BackupService.h"
 #include "app/editing/ReferenceManagementView.h"
+#include "app/library/FilterFavoritesManagementView.h"
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
@@ -15,13 +17,15 @@
 
 namespace reelhouse {
 
-ContentView::ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent)
+ContentView::ContentView(StoreContainer& container, Preferences& preferences,
+    FilterFavoritesStore& favorites, QWidget* parent)
     : QSplitter(Qt::Horizontal, parent)
     , m_container(container)
     , m_preferences(preferences)
+    , m_favorites(favorites)
     , m_sidebar(new SidebarView)
     , m_screens(new QStackedWidget)
-    , m_library(new LibraryView(container, preferences))
+    , m_library(new LibraryView(container, preferences, favorites))
 {
     setChildrenCollapsible(false);
     setHandleWidth(1);
@@ -39,6 +43,33 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences, QW
     setStretchFactor(1, 1);
     m_sidebar->setSelection(m_selection);
     connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);
+    connect(m_sidebar, &SidebarView::favoriteChosen, this, &ContentView::applyFavorite);
+    connect(m_sidebar, &SidebarView::manageFavoritesRequested, this, &ContentView::manageFavorites);
+    connect(m_library, &LibraryView::manageFavoritesRequested, this, &ContentView::manageFavorites);
+    connect(m_library, &LibraryView::criteriaChanged, this, &ContentView::showFavorites);
+    connect(&favorites, &FilterFavoritesStore::changed, this, &ContentView::showFavorites);
+    showFavorites();
+}
+
+void ContentView::showFavorites()
+{
+    m_sidebar->setFavorites(
+        m_favorites.favorites(), m_favorites.matching(m_library->currentCriteria()));
+}
+
+void ContentView::applyFavorite(const FilterFavorite& favorite)
+{
+    m_library->setPendingFavorite(favorite);
+    showScreen(NavItem::Library);
+}
+
+void ContentView::manageFavorites()
+{
+    if (findChild<FilterFavoritesManagementView*>())
+        return;
+    auto* sheet = new FilterFavoritesManagementView(m_favorites, this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
 }
 
 void ContentView::performStartupBackupIfNeeded()

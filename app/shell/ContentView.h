@@ -8,6 +8,8 @@ class QStackedWidget;
 
 namespace reelhouse {
 
+struct FilterFavorite;
+class FilterFavoritesStore;
 class LibraryView;
 class Preferences;
 class SidebarView;
@@ -19,7 +21,8 @@ class ContentView final : public QSplitter {
     Q_OBJECT
 
 public:
-    ContentView(StoreContainer& container, Preferences& preferences, QWidget* parent = nullptr);
+    ContentView(StoreContainer& container, Preferences& preferences,
+        FilterFavoritesStore& favorites, QWidget* parent = nullptr);
 
     /// Writes the launch backup when the user wants one, once; to be called before the content is
     /// first shown, which is when the sample data comes into an empty stock. A failure is passed
@@ -30,9 +33,13 @@ public:
 
 private:
     QWidget* makeScreen(NavItem item);
+    void showFavorites();
+    void applyFavorite(const FilterFavorite& favorite);
+    void manageFavorites();
 
     StoreContainer& m_container;
     Preferences& m_preferences;
+    FilterFavoritesStore& m_favorites;
     bool m_didBackup = false;
     NavItem m_selection = NavItem::Library;
     SidebarView* m_sidebar;

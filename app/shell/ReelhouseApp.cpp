@@ -28,6 +28,7 @@ constexpr auto longestWaitForColors = 30ms;
 ReelhouseApp::ReelhouseApp(
     const StorePaths& paths, const QString& preferencesFile, SingleInstance& instance)
     : m_preferences(preferencesFile)
+    , m_favorites(m_preferences)
     , m_provider(paths)
     , m_delegate(m_preferences, m_provider, [this] { return &m_window; })
 {
@@ -68,7 +69,7 @@ void ReelhouseApp::showScreen()
 
 void ReelhouseApp::showContent(StoreContainer& container)
 {
-    auto* content = new ContentView(container, m_preferences);
+    auto* content = new ContentView(container, m_preferences, m_favorites);
     content->performStartupBackupIfNeeded();
     new UndoCommands(container.context(), m_window.editMenu(), content);
     m_window.showScreen(content);

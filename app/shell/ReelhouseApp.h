@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/library/FilterFavoritesStore.h"
 #include "app/shell/AppDelegate.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/UnixSignals.h"
@@ -32,6 +33,7 @@ private:
     void showFailure(const QString& message);
 
     Preferences m_preferences;
+    FilterFavoritesStore m_favorites;
     ThemeService m_theme;
     StoreProvider m_provider;
     MainWindow m_window;

@@ -77,6 +77,7 @@ void SidebarDelegate::paint(
         paintHint(painter, option.rect, title, index.data(SidebarRole::hint).toString());
         break;
     case SidebarEntry::Screen:
+    case SidebarEntry::Favorite:
     case SidebarEntry::Command: {
         const QRect row = option.rect.adjusted(0, 0, 0, -rowGap);
         const bool isSelected = option.state.testFlag(QStyle::State_Selected);
@@ -98,8 +99,9 @@ void SidebarDelegate::paint(
         QRect symbolRect(0, 0, symbolSize, symbolSize);
         symbolRect.moveCenter(row.center());
         symbolRect.moveLeft(row.left() + innerPadding);
+        const bool isActive = isSelected || index.data(SidebarRole::isInUse).toBool();
         paintSymbol(*painter, symbolRect, index.data(SidebarRole::symbol).toString(),
-            isSelected ? theme.accentText : theme.textSecondary);
+            isActive ? theme.accentText : theme.textSecondary);
         painter->setFont(fontOf(isSelected ? TextStyle::Count : TextStyle::Body));
         painter->setPen(isCommand ? theme.textSecondary : theme.textPrimary);
         const QRect textRect
@@ -124,6 +126,7 @@ QSize SidebarDelegate::sizeHint(const QStyleOptionViewItem& option, const QModel
             hintTop + QFontMetrics(fontOf(TextStyle::Callout)).height() + 4
                 + hintHeight(index.data(SidebarRole::hint).toString(), width) + hintBottom};
     case SidebarEntry::Screen:
+    case SidebarEntry::Favorite:
     case SidebarEntry::Command:
         return {width, entryHeight()};
     }

@@ -5,6 +5,7 @@
 
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QMenu>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -16,6 +17,7 @@ namespace {
 constexpr int preferredWidth = 220;
 constexpr int narrowest = 200;
 constexpr int padding = 10;
+constexpr int firstFavoriteRow = 2; ///< Below the library and the header of the section.
 
 QStandardItem* makeItem(SidebarEntry entry, const QString& title, const QString& symbol = {})
 {
@@ -23,7 +25,8 @@ QStandardItem* makeItem(SidebarEntry entry, const QString& title, const QString&
     item->setData(int(entry), SidebarRole::entry);
     item->setData(symbol, SidebarRole::symbol);
     item->setEditable(false);
-    item->setEnabled(entry == SidebarEntry::Screen);
+    item->setEnabled(entry != SidebarEntry::Header && entry != SidebarEntry::Hint);
+    item->setSelectable(entry == SidebarEntry::Screen);
     return item;
 }
 
@@ -48,6 +51,17 @@ QStandardItem* noFavoriteItem()
     return item;
 }
 
+QStandardItem* favoriteItem(const FilterFavorite& favorite, bool isInUse)
+{
+    const QString summary = favorite.criteria.summary().value_or(u"Tous les filaments"_s);
+    QStandardItem* item = makeItem(SidebarEntry::Favorite, favorite.name, u"star.fill"_s);
+    item->setData(favorite.id, SidebarRole::favoriteId);
+    item->setData(isInUse, SidebarRole::isInUse);
+    item->setToolTip(summary);
+    item->setData(summary, Qt::AccessibleDescriptionRole);
+    return item;
+}
+
 QStandardItem* manageFavoritesItem()
 {
     QStandardItem* item
@@ -62,12 +76,26 @@ std::optional<NavItem> screenOf(const QModelIndex& index)
     return screen.isValid() ? std::optional(NavItem(screen.toInt())) : std::nullopt;
 }
 
+/// Leaves the selection on the screen on show when an entry is reached that is none.
+class SidebarList final : public QListView {
+public:
+    using QListView::QListView;
+
+protected:
+    QItemSelectionModel::SelectionFlags selectionCommand(
+        const QModelIndex& index, const QEvent* event) const override
+    {
+        return screenOf(index) ? QListView::selectionCommand(index, event)
+                               : QItemSelectionModel::NoUpdate;
+    }
+};
+
 } // namespace
 
 SidebarView::SidebarView(QWidget* parent)
     : QWidget(parent)
     , m_entries(new QStandardItemModel(this))
-    , m_list(new QListView(this))
+    , m_list(new SidebarList(this))
 {
     setMinimumWidth(narrowest);
     setFocusProxy(m_list);
@@ -86,7 +114,6 @@ SidebarView::SidebarView(QWidget* parent)
 
     m_entries->appendRow(screenItem(NavItem::Library));
     m_entries->appendRow(headerItem(u"Favoris (filtre)"_s));
-    m_entries->appendRow(noFavoriteItem());
     m_entries->appendRow(manageFavoritesItem());
     m_entries->appendRow(headerItem(u"Gestion"_s));
     for (const NavItem screen :
@@ -96,26 +123,73 @@ SidebarView::SidebarView(QWidget* parent)
     for (const NavItem screen : {NavItem::ExportImport, NavItem::CsvExport})
         m_entries->appendRow(screenItem(screen));
     m_list->setModel(m_entries);
+    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
 
     connect(m_list->selectionModel(), &QItemSelectionModel::currentChanged, this,
         [this](const QModelIndex& current) {
-            if (const auto screen = screenOf(current))
+            if (const auto screen = screenOf(current)) {
+                m_selection = screen;
                 emit selectionEdited(*screen);
+            }
         });
+    connect(m_list, &QListView::clicked, this, &SidebarView::activate);
+    connect(m_list, &QListView::activated, this, &SidebarView::activate);
+    connect(m_list, &QWidget::customContextMenuRequested, this, &SidebarView::showContextMenu);
+    m_entries->insertRow(firstFavoriteRow, noFavoriteItem());
+}
+
+void SidebarView::setFavorites(
+    const QList<FilterFavorite>& favorites, const std::optional<FilterFavorite>& inUse)
+{
+    if (favorites == m_favorites && inUse == m_favoriteInUse)
+        return;
+    m_entries->removeRows(firstFavoriteRow, std::max(1, int(m_favorites.size())));
+    m_favorites = favorites;
+    m_favoriteInUse = inUse;
+    int row = firstFavoriteRow;
+    for (const FilterFavorite& favorite : favorites)
+        m_entries->insertRow(row++, favoriteItem(favorite, inUse && inUse->id == favorite.id));
+    if (favorites.isEmpty())
+        m_entries->insertRow(row, noFavoriteItem());
+}
+
+void SidebarView::activate(const QModelIndex& index)
+{
+    switch (SidebarEntry(index.data(SidebarRole::entry).toInt())) {
+    case SidebarEntry::Favorite:
+        emit favoriteChosen(m_favorites.at(index.row() - firstFavoriteRow));
+        break;
+    case SidebarEntry::Command:
+        emit manageFavoritesRequested();
+        break;
+    case SidebarEntry::Screen:
+    case SidebarEntry::Header:
+    case SidebarEntry::Hint:
+        break;
+    }
+}
+
+void SidebarView::showContextMenu(QPoint position)
+{
+    const QModelIndex index = m_list->indexAt(position);
+    if (!index.data(SidebarRole::favoriteId).isValid())
+        return;
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const FilterFavorite favorite = m_favorites.at(index.row() - firstFavoriteRow);
+    menu->addAction(u"Appliquer"_s, this, [this, favorite] { emit favoriteChosen(favorite); });
+    menu->addAction(u"Gérer les favoris…"_s, this, &SidebarView::manageFavoritesRequested);
+    menu->popup(m_list->viewport()->mapToGlobal(position));
 }
 
 void SidebarView::setSelection(NavItem item)
 {
     const QSignalBlocker blocker(this);
+    m_selection = item;
     for (int row = 0; row < m_entries->rowCount(); ++row) {
         if (screenOf(m_entries->index(row, 0)) == item)
             m_list->setCurrentIndex(m_entries->index(row, 0));
     }
-}
-
-std::optional<NavItem> SidebarView::selection() const
-{
-    return screenOf(m_list->currentIndex());
 }
 
 QSize SidebarView::sizeHint() const

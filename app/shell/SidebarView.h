@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/shell/NavItem.h"
+#include "core/filters/FilterFavorite.h"
 
 #include <QtWidgets/QWidget>
 
@@ -11,8 +12,9 @@ class QStandardItemModel;
 
 namespace reelhouse {
 
-/// The list of screens at the left of the window, in its sections. The selected entry is the screen
-/// on show; section headers and hints cannot be chosen.
+/// The list of screens at the left of the window, in its sections, with the favourites of the
+/// library between them. The selected entry is the screen on show: a favourite or a command does
+/// what it says and is not selected. Section headers and hints cannot be chosen.
 class SidebarView final : public QWidget {
     Q_OBJECT
 
@@ -21,15 +23,26 @@ public:
 
     /// Selects the entry of a screen; emits nothing.
     void setSelection(NavItem item);
-    std::optional<NavItem> selection() const;
+    std::optional<NavItem> selection() const { return m_selection; }
+    /// Shows the favourites in this order; the star of the one in use is marked.
+    void setFavorites(
+        const QList<FilterFavorite>& favorites, const std::optional<FilterFavorite>& inUse);
 
     QSize sizeHint() const override;
 
 signals:
     /// The user chose another screen.
     void selectionEdited(NavItem item);
+    void favoriteChosen(const FilterFavorite& favorite);
+    void manageFavoritesRequested();
 
 private:
+    void activate(const QModelIndex& index);
+    void showContextMenu(QPoint position);
+
+    std::optional<NavItem> m_selection;
+    QList<FilterFavorite> m_favorites;
+    std::optional<FilterFavorite> m_favoriteInUse;
     QStandardItemModel* m_entries;
     QListView* m_list;
 };

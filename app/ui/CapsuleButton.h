@@ -24,6 +24,7 @@ public:
 
     /// For a capsule without text: what stands in it, and whether it marks something active.
     void setSymbol(const QString& symbol, bool isActive);
+    const QString& symbol() const { return m_symbol; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

@@ -4,6 +4,7 @@
 #include "app/ui/Symbol.h"
 
 #include <QtGui/QAction>
+#include <QtGui/QKeyEvent>
 
 #include <algorithm>
 
@@ -32,10 +33,21 @@ SearchField::SearchField(QWidget* parent)
     clearAction->setVisible(false); // Only a change that the field hears of hides its button.
     connect(this, &QLineEdit::textChanged, clearAction,
         [clearAction](const QString& text) { clearAction->setVisible(!text.isEmpty()); });
-    connect(clearAction, &QAction::triggered, this, [this] {
-        clear();
-        emit textEdited(QString());
-    });
+    connect(clearAction, &QAction::triggered, this, &SearchField::empty);
+}
+
+void SearchField::empty()
+{
+    clear();
+    emit textEdited(QString());
+}
+
+void SearchField::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && !text().isEmpty())
+        empty();
+    else
+        QLineEdit::keyPressEvent(event);
 }
 
 QSize SearchField::sizeHint() const

@@ -4,8 +4,8 @@
 
 namespace reelhouse {
 
-/// The search field of the filter bar, with a button to empty it while it holds text. Emptying it
-/// so is an edit like typing: `textEdited` is emitted.
+/// The search field of the filter bar, with a button to empty it while it holds text; Escape
+/// empties it too. Emptying it so is an edit like typing: `textEdited` is emitted.
 class SearchField : public QLineEdit {
     Q_OBJECT
 
@@ -14,6 +14,12 @@ public:
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void empty();
 };
 
 } // namespace reelhouse

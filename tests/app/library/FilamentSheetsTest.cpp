@@ -2,6 +2,7 @@
 
 #include "app/editing/AddFilamentView.h"
 #include "app/editing/FilamentDetailView.h"
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
 #include "app/library/ListView.h"
 #include "app/ui/Alert.h"
@@ -37,7 +38,7 @@ namespace {
 struct SheetsFixture {
     explicit SheetsFixture(StoreKind kind = StoreKind::File)
         : stock(tests::makeMemoryStock(kind))
-        , library(*stock, preferences)
+        , library(*stock, preferences, favorites)
     {
         library.resize(1080, 800);
         library.show();
@@ -67,6 +68,7 @@ struct SheetsFixture {
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};
+    FilterFavoritesStore favorites{preferences};
     std::unique_ptr<StoreContainer> stock;
     LibraryView library;
     ListView* list = nullptr;

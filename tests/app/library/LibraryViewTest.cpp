@@ -1,5 +1,8 @@
 #include "app/library/LibraryView.h"
 
+#include "app/library/FilterBarView.h"
+#include "app/library/FilterFavoriteSaveView.h"
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/ListView.h"
 #include "app/ui/Alert.h"
 #include "app/ui/SearchField.h"
@@ -24,6 +27,12 @@ private slots:
     void theSearchNarrowsTheList();
     void anEmptyStockSaysSo();
     void aSearchWithoutResultOffersToClearIt();
+    void effacerClearsEveryFilter();
+    void aDeletedReferenceLosesItsFilterForGood();
+    void aFavoriteReplacesEveryFilter();
+    void aPendingFavoriteWaitsUntilTheLibraryIsShown();
+    void theFilterIsSavedAndUpdatedFromTheStar();
+    void controlFGoesToTheSearch();
     void anEditIsShownWithTheNextTurn();
     void buttonsWithoutTheirSheetAreDisabledWithTheirHelp();
     void deletingAsksFirst_data();
@@ -35,7 +44,7 @@ namespace {
 struct LibraryViewFixture {
     explicit LibraryViewFixture(StoreKind kind)
         : stock(tests::makeMemoryStock(kind))
-        , library(*stock, preferences)
+        , library(*stock, preferences, favorites)
     {
         library.resize(1080, 800);
         library.show();
@@ -70,6 +79,7 @@ struct LibraryViewFixture {
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};
+    FilterFavoritesStore favorites{preferences};
     std::unique_ptr<StoreContainer> stock;
     LibraryView library;
 };
@@ -132,6 +142,105 @@ void LibraryViewTest::aSearchWithoutResultOffersToClearIt()
 
     QCOMPARE(fixture.rows(), 8);
     QVERIFY(fixture.library.findChild<SearchField*>()->text().isEmpty());
+}
+
+void LibraryViewTest::effacerClearsEveryFilter()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    fixture.library.applyFavorite({QUuid(), QString(),
+        {u"PLA"_s, u"Bambu Lab"_s, u"PLA Basic"_s, u"Étagère A"_s, 2, 1, u"rouge"_s}});
+    QCOMPARE(fixture.rows(), 1);
+    QVERIFY(fixture.library.isFilterActive());
+
+    QTest::mouseClick(fixture.button(u"Effacer"_s), Qt::LeftButton);
+
+    QCOMPARE(fixture.rows(), 8);
+    QVERIFY(!fixture.library.isFilterActive());
+    QVERIFY(!fixture.button(u"Effacer"_s));
+    QVERIFY(fixture.library.findChild<SearchField*>()->text().isEmpty());
+}
+
+void LibraryViewTest::aDeletedReferenceLosesItsFilterForGood()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    StoreContext& context = fixture.stock->context();
+    fixture.library.applyFavorite(
+        {QUuid(), QString(), {.brandName = u"Bambu Lab"_s, .searchText = u"o"_s}});
+    QCOMPARE(fixture.library.currentCriteria().brandName, u"Bambu Lab"_s);
+
+    context.perform(u"Supprimer"_s, [&] { context.remove(*context.fetchAll<Brand>().front()); });
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.library.currentCriteria(), FilterCriteria{.searchText = u"o"_s});
+
+    context.undo();
+    QCoreApplication::processEvents();
+    QCOMPARE(fixture.library.currentCriteria(), FilterCriteria{.searchText = u"o"_s});
+}
+
+void LibraryViewTest::aFavoriteReplacesEveryFilter()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    fixture.type(u"etagere"_s);
+
+    fixture.library.applyFavorite({QUuid(), QString(),
+        {.typeName = u"PLA"_s, .brandName = u"Disparue"_s, .spools = 0, .searchText = {}}});
+
+    QCOMPARE(fixture.library.currentCriteria(),
+        (FilterCriteria{.typeName = u"PLA"_s, .spools = 0, .searchText = {}}));
+    QCOMPARE(fixture.rows(), 0);
+}
+
+void LibraryViewTest::aPendingFavoriteWaitsUntilTheLibraryIsShown()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    const FilterFavorite favorite{QUuid(), QString(), {.typeName = u"PLA"_s, .searchText = {}}};
+    fixture.library.hide();
+
+    fixture.library.setPendingFavorite(favorite);
+    QVERIFY(!fixture.library.isFilterActive());
+    fixture.library.show();
+    QCOMPARE(fixture.library.currentCriteria(), favorite.criteria);
+
+    fixture.library.resetFilters();
+    fixture.library.hide();
+    fixture.library.show();
+    QVERIFY(!fixture.library.isFilterActive());
+    fixture.library.setPendingFavorite(favorite);
+    QCOMPARE(fixture.library.currentCriteria(), favorite.criteria);
+}
+
+void LibraryViewTest::theFilterIsSavedAndUpdatedFromTheStar()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    fixture.type(u"rouge"_s);
+    auto* bar = fixture.library.findChild<FilterBarView*>();
+
+    emit bar->saveFavoriteRequested();
+    auto* sheet = fixture.library.findChild<FilterFavoriteSaveView*>();
+    QVERIFY(sheet);
+    QTest::keyClick(sheet->findChild<QLineEdit*>(), Qt::Key_Return);
+
+    QCOMPARE(fixture.favorites.favorites().size(), 1);
+    const FilterFavorite saved = fixture.favorites.favorites().first();
+    QCOMPARE(saved.name, u"« rouge »"_s);
+    QCOMPARE(saved.criteria, FilterCriteria{.searchText = u"rouge"_s});
+
+    fixture.type(u"bleu"_s);
+    emit bar->favoriteUpdateRequested(saved);
+    QCOMPARE(
+        fixture.favorites.favorites().first().criteria, FilterCriteria{.searchText = u"bleu"_s});
+}
+
+void LibraryViewTest::controlFGoesToTheSearch()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    fixture.library.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.library));
+    fixture.library.findChild<ListView*>()->setFocus();
+
+    QTest::keyClick(&fixture.library, Qt::Key_F, Qt::ControlModifier);
+
+    QVERIFY(fixture.library.findChild<SearchField*>()->hasFocus());
 }
 
 void LibraryViewTest::anEditIsShownWithTheNextTurn()

@@ -1,10 +1,13 @@
 #include "app/shell/ContentView.h"
 
 #include "app/editing/ReferenceManagementView.h"
+#include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
+#include "app/shell/SidebarDelegate.h"
 #include "app/shell/SidebarView.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/Sheet.h"
+#include "core/model/StoreContext.h"
 #include "core/preferences/Preferences.h"
 #include "tests/app/backup/BackupFixture.h"
 #include "tests/support/MemoryStock.h"
@@ -13,6 +16,7 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QListView>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QStackedWidget>
 
@@ -30,6 +34,8 @@ private slots:
     void theLaunchBackupComesBeforeTheSampleData();
     void theLaunchBackupIsWrittenWhenWanted_data();
     void theLaunchBackupIsWrittenWhenWanted();
+    void aFavoriteIsAppliedFromAnotherScreen();
+    void theSidebarKeepsUpWithTheFavorites();
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
 };
@@ -54,8 +60,9 @@ struct ContentViewFixture {
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};
+    FilterFavoritesStore favorites{preferences};
     std::unique_ptr<StoreContainer> stock;
-    ContentView content{*stock, preferences};
+    ContentView content{*stock, preferences, favorites};
 };
 
 } // namespace
@@ -120,7 +127,8 @@ void ContentViewTest::theLaunchBackupComesBeforeTheSampleData()
 {
     const tests::BackupFixture files;
     Preferences preferences(files.folder.filePath(u"preferences.conf"_s));
-    ContentView content(*files.stock, preferences);
+    FilterFavoritesStore favorites(preferences);
+    ContentView content(*files.stock, preferences, favorites);
 
     content.performStartupBackupIfNeeded();
     content.show();
@@ -150,11 +158,46 @@ void ContentViewTest::theLaunchBackupIsWrittenWhenWanted()
     const tests::BackupFixture files(kind);
     Preferences preferences(files.folder.filePath(u"preferences.conf"_s));
     preferences.setAutoBackupOnLaunch(wanted);
-    ContentView content(*files.stock, preferences);
+    FilterFavoritesStore favorites(preferences);
+    ContentView content(*files.stock, preferences, favorites);
 
     content.performStartupBackupIfNeeded();
 
     QTEST(int(files.entries().size()), "expected");
+}
+
+void ContentViewTest::aFavoriteIsAppliedFromAnotherScreen()
+{
+    ContentViewFixture fixture;
+    fixture.stock->context().insert(std::make_unique<FilamentType>(u"PLA"_s));
+    const auto favorite = fixture.favorites.add(
+        u"PLA rouges"_s, {.typeName = u"PLA"_s, .spools = 99, .searchText = u"rouge"_s});
+    QVERIFY(favorite);
+    fixture.content.showScreen(NavItem::Locations);
+
+    emit fixture.content.findChild<SidebarView*>()->favoriteChosen(*favorite);
+
+    QCOMPARE(fixture.content.selection(), NavItem::Library);
+    QVERIFY(fixture.showsLibrary());
+    QCOMPARE(fixture.content.findChild<LibraryView*>()->currentCriteria(), favorite->criteria);
+}
+
+void ContentViewTest::theSidebarKeepsUpWithTheFavorites()
+{
+    ContentViewFixture fixture;
+    const auto* sidebar = fixture.content.findChild<SidebarView*>();
+    const QAbstractItemModel* entries = sidebar->findChild<QListView*>()->model();
+    QCOMPARE(entries->index(2, 0).data().toString(), u"Aucun favori"_s);
+
+    const auto favorite = fixture.favorites.add(u"Noirs"_s, {.searchText = u"noir"_s});
+    QCOMPARE(entries->index(2, 0).data().toString(), u"Noirs"_s);
+    QVERIFY(!entries->index(2, 0).data(SidebarRole::isInUse).toBool());
+
+    fixture.content.findChild<LibraryView*>()->applyFavorite(*favorite);
+    QVERIFY(entries->index(2, 0).data(SidebarRole::isInUse).toBool());
+
+    fixture.favorites.remove(favorite->id);
+    QCOMPARE(entries->index(2, 0).data().toString(), u"Aucun favori"_s);
 }
 
 void ContentViewTest::aTemporaryStockSaysSo_data()

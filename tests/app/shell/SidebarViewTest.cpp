@@ -6,6 +6,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QListView>
+#include <QtWidgets/QMenu>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -19,6 +20,9 @@ private slots:
     void aClickChoosesAScreen();
     void arrowKeysPassOverHeaders();
     void settingTheSelectionEmitsNothing();
+    void favoritesStandInTheirOrder();
+    void favoritesAreAppliedByMouseKeyboardAndMenu();
+    void theCommandOpensTheManagement();
 };
 
 namespace {
@@ -36,6 +40,19 @@ QModelIndex entry(const SidebarView& sidebar, const QString& title)
             return entries->index(row, 0);
     }
     return {};
+}
+
+QList<FilterFavorite> twoFavorites()
+{
+    return {{QUuid::createUuid(), u"PLA rangés"_s,
+                {.typeName = u"PLA"_s, .locationName = u"Tiroir"_s, .searchText = {}}},
+        {QUuid::createUuid(), u"Tout"_s, {.searchText = {}}}};
+}
+
+void clickEntry(const SidebarView& sidebar, const QString& title)
+{
+    const QRect place = listOf(sidebar).visualRect(entry(sidebar, title));
+    QTest::mouseClick(listOf(sidebar).viewport(), Qt::LeftButton, {}, place.center());
 }
 
 } // namespace
@@ -93,8 +110,14 @@ void SidebarViewTest::arrowKeysPassOverHeaders()
     sidebar.setSelection(NavItem::Library);
 
     QTest::keyClick(&listOf(sidebar), Qt::Key_Down);
+    QCOMPARE(listOf(sidebar).currentIndex(), entry(sidebar, u"Gérer les favoris…"_s));
+    QCOMPARE(sidebar.selection(), NavItem::Library);
+    QVERIFY(listOf(sidebar).selectionModel()->isSelected(entry(sidebar, u"Stock de filaments"_s)));
+
+    QTest::keyClick(&listOf(sidebar), Qt::Key_Down);
     QCOMPARE(sidebar.selection(), NavItem::Types);
 
+    QTest::keyClick(&listOf(sidebar), Qt::Key_Up);
     QTest::keyClick(&listOf(sidebar), Qt::Key_Up);
     QCOMPARE(sidebar.selection(), NavItem::Library);
 }
@@ -108,6 +131,83 @@ void SidebarViewTest::settingTheSelectionEmitsNothing()
 
     QCOMPARE(sidebar.selection(), NavItem::Locations);
     QCOMPARE(edited.count(), 0);
+}
+
+void SidebarViewTest::favoritesStandInTheirOrder()
+{
+    SidebarView sidebar;
+    const QList<FilterFavorite> favorites = twoFavorites();
+
+    sidebar.setFavorites(favorites, favorites.at(1));
+
+    const QAbstractItemModel* entries = listOf(sidebar).model();
+    QStringList titles;
+    for (int row = 1; row < 6; ++row)
+        titles << entries->index(row, 0).data().toString();
+    QCOMPARE(titles,
+        (QStringList{u"Favoris (filtre)"_s, u"PLA rangés"_s, u"Tout"_s, u"Gérer les favoris…"_s,
+            u"Gestion"_s}));
+    const QModelIndex first = entry(sidebar, u"PLA rangés"_s);
+    QCOMPARE(first.data(SidebarRole::symbol).toString(), u"star.fill"_s);
+    QCOMPARE(first.data(Qt::ToolTipRole).toString(), u"Type : PLA — Lieu : Tiroir"_s);
+    QCOMPARE(first.data(Qt::AccessibleDescriptionRole).toString(), u"Type : PLA — Lieu : Tiroir"_s);
+    QVERIFY(!first.data(SidebarRole::isInUse).toBool());
+    const QModelIndex second = entry(sidebar, u"Tout"_s);
+    QCOMPARE(second.data(Qt::ToolTipRole).toString(), u"Tous les filaments"_s);
+    QVERIFY(second.data(SidebarRole::isInUse).toBool());
+
+    sidebar.setFavorites({}, std::nullopt);
+    QVERIFY(entry(sidebar, u"Aucun favori"_s).isValid());
+    QVERIFY(!entry(sidebar, u"Tout"_s).isValid());
+}
+
+void SidebarViewTest::favoritesAreAppliedByMouseKeyboardAndMenu()
+{
+    SidebarView sidebar;
+    const QList<FilterFavorite> favorites = twoFavorites();
+    sidebar.setFavorites(favorites, std::nullopt);
+    sidebar.resize(220, 800);
+    sidebar.show();
+    sidebar.setSelection(NavItem::Brands);
+    QSignalSpy chosen(&sidebar, &SidebarView::favoriteChosen);
+    QSignalSpy managed(&sidebar, &SidebarView::manageFavoritesRequested);
+
+    clickEntry(sidebar, u"Tout"_s);
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(chosen.last().first().value<FilterFavorite>(), favorites.at(1));
+    QCOMPARE(sidebar.selection(), NavItem::Brands);
+
+    QTest::keyClick(&listOf(sidebar), Qt::Key_Up);
+    QTest::keyClick(&listOf(sidebar), Qt::Key_Return);
+    QCOMPARE(chosen.count(), 2);
+    QCOMPARE(chosen.last().first().value<FilterFavorite>(), favorites.at(0));
+
+    const QPoint place = listOf(sidebar).visualRect(entry(sidebar, u"Tout"_s)).center();
+    QMetaObject::invokeMethod(&listOf(sidebar), "customContextMenuRequested", Q_ARG(QPoint, place));
+    auto* menu = sidebar.findChild<QMenu*>();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().size(), 2);
+    QCOMPARE(menu->actions().at(0)->text(), u"Appliquer"_s);
+    QCOMPARE(menu->actions().at(1)->text(), u"Gérer les favoris…"_s);
+    menu->actions().at(0)->trigger();
+    QCOMPARE(chosen.count(), 3);
+    QCOMPARE(chosen.last().first().value<FilterFavorite>(), favorites.at(1));
+    menu->actions().at(1)->trigger();
+    QCOMPARE(managed.count(), 1);
+}
+
+void SidebarViewTest::theCommandOpensTheManagement()
+{
+    SidebarView sidebar;
+    sidebar.resize(220, 800);
+    sidebar.show();
+    QSignalSpy managed(&sidebar, &SidebarView::manageFavoritesRequested);
+
+    clickEntry(sidebar, u"Gérer les favoris…"_s);
+
+    QCOMPARE(managed.count(), 1);
+    QTest::keyClick(&listOf(sidebar), Qt::Key_Return);
+    QCOMPARE(managed.count(), 2);
 }
 
 REELHOUSE_TEST(SidebarViewTest)
