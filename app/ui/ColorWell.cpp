@@ -48,12 +48,15 @@ void ColorWell::openDialog()
 {
     if (m_dialog)
         return;
-    m_dialog = new QColorDialog(m_color, this);
+    m_dialog = new QColorDialog(this);
     m_dialog->setAttribute(Qt::WA_DeleteOnClose);
     m_dialog->setWindowTitle(u"Couleur"_s);
     m_dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::NoButtons
         | QColorDialog::DontUseNativeDialog);
+    m_dialog->setCurrentColor(m_color); // After the options: without them its alpha is lost.
     connect(m_dialog, &QColorDialog::currentColorChanged, this, [this](const QColor& picked) {
+        if (picked == m_color)
+            return;
         setColor(picked);
         emit colorEdited(picked);
     });

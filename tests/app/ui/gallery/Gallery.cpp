@@ -3,15 +3,22 @@
 #include "app/ui/Alert.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/CapsuleButton.h"
+#include "app/ui/ColorWell.h"
+#include "app/ui/EditorSwatch.h"
 #include "app/ui/EmptyState.h"
+#include "app/ui/FormGroup.h"
 #include "app/ui/InputState.h"
+#include "app/ui/NotesField.h"
 #include "app/ui/Palette.h"
+#include "app/ui/Picker.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/SegmentedPicker.h"
 #include "app/ui/Spinner.h"
 #include "app/ui/StatusLine.h"
+#include "app/ui/Stepper.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
+#include "app/ui/Toggle.h"
 #include "tests/app/ui/gallery/FrozenState.h"
 #include "tests/app/ui/gallery/SwatchView.h"
 
@@ -124,6 +131,7 @@ Gallery::Gallery(QWidget* parent)
     addSearchFields();
     addSwatches();
     addSmallControls();
+    addForm();
     addTexts();
     addStatusLines();
     addEmptyState();
@@ -236,6 +244,48 @@ void Gallery::addSmallControls()
     bar->setFixedWidth(80);
     addSection(u"Cases, choix, sélecteur de vue, liste, attente, barre"_s,
         {{ticked, unticked, focusedBox, offBox, chosen, picker, combo, new Spinner, bar}});
+}
+
+void Gallery::addForm()
+{
+    auto* on = new Toggle;
+    on->setChecked(true);
+    auto* offSwitch = new Toggle;
+    auto* idle = new Toggle;
+    idle->setChecked(true);
+    idle->setEnabled(false);
+    auto* lowest = new Stepper(u"Bobines: "_s);
+    auto* idleStepper = new Stepper(u"Bobines: "_s);
+    idleStepper->setEnabled(false);
+    auto* swatch = new EditorSwatch(60);
+    swatch->setFixedWidth(120);
+    swatch->setColor(u"#4CAF50"_s, {});
+
+    auto* group = new FormGroup;
+    group->setFixedWidth(440);
+    auto* type = new Picker(u"Aucun"_s);
+    type->setEntries({{1, u"PLA"_s, u"leaf.fill"_s}});
+    type->setChoice(1);
+    group->addRow(u"Type"_s, type);
+    group->addRow(u"Marque *"_s, new Picker(u"Sélectionner…"_s));
+    auto* place = new Picker(u"Aucun"_s);
+    place->setEntries({{1, u"Boîte étanche du sous-sol, rayon de gauche, tout au fond"_s, {}}});
+    place->setChoice(1);
+    group->addRow(u"Lieu"_s, place);
+    auto* spools = new Stepper(u"Nombre de bobines: "_s);
+    spools->setValue(3);
+    group->addRow(spools->label(), spools);
+    auto* well = new ColorWell;
+    well->setColor(QColor(0x4CAF50));
+    auto* code = new QLabel(u"#4CAF50"_s);
+    setTextStyle(code, TextStyle::Code);
+    group->addRow(u"Couleur"_s, code, well);
+    auto* notes = new NotesField;
+    notes->setMaximumWidth(290);
+    notes->setText(u"Sécher 6 h à 80 °C avant usage"_s);
+    group->addTallRow(u"Notes"_s, notes);
+    addSection(u"Formulaire : bascules, pas à pas, champ de couleur, groupe"_s,
+        {{on, offSwitch, idle, lowest, idleStepper, swatch}, {group}});
 }
 
 void Gallery::addTexts()

@@ -18,6 +18,7 @@ private:
     void addSearchFields();
     void addSwatches();
     void addSmallControls();
+    void addForm();
     void addTexts();
     void addStatusLines();
     void addEmptyState();

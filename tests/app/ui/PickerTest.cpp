@@ -1,0 +1,208 @@
+#include "app/ui/Picker.h"
+
+#include "tests/support/TestMain.h"
+
+#include <QtTest/QAbstractItemModelTester>
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QToolTip>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+class PickerTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void noneComesFirst();
+    void theChoiceStaysAsTheListChanges();
+    void aChoiceThatIsGoneBecomesNone();
+    void settingIsNotEditing();
+    void choosingIsToldOnce_data();
+    void choosingIsToldOnce();
+    void lettersJumpToAName();
+    void lettersJumpInTheOpenListToo();
+    void theWheelChangesNothing();
+    void aLongNameIsCutWithATooltip();
+    void thousandsOfEntriesOpen();
+    void oddNamesStayOnOneLine();
+};
+
+namespace {
+
+struct PickerFixture {
+    PickerFixture()
+    {
+        picker.setEntries({{4, u"ABS"_s, u"cube.fill"_s}, {2, u"PETG"_s, u"drop.fill"_s},
+            {3, u"PLA"_s, u"leaf.fill"_s}});
+        picker.resize(300, 28);
+        picker.show();
+        picker.activateWindow();
+        picker.setFocus();
+    }
+
+    Picker picker{u"Sélectionner…"_s};
+    QSignalSpy edits{&picker, &Picker::choiceEdited};
+};
+
+} // namespace
+
+void PickerTest::noneComesFirst()
+{
+    PickerFixture fixture;
+    const QAbstractItemModelTester tester(fixture.picker.model());
+    QCOMPARE(fixture.picker.choice(), 0);
+    QStringList names;
+    for (int row = 0; row < fixture.picker.count(); ++row)
+        names << fixture.picker.itemText(row);
+    QCOMPARE(names, (QStringList{u"Sélectionner…"_s, u"ABS"_s, u"PETG"_s, u"PLA"_s}));
+    QVERIFY(fixture.picker.itemIcon(0).isNull());
+    QVERIFY(!fixture.picker.itemIcon(1).isNull());
+}
+
+void PickerTest::theChoiceStaysAsTheListChanges()
+{
+    PickerFixture fixture;
+    fixture.picker.setChoice(3);
+    QCOMPARE(fixture.picker.currentText(), u"PLA"_s);
+
+    fixture.picker.setEntries({{9, u"ASA"_s, {}}, {3, u"PLA +"_s, {}}, {2, u"PETG"_s, {}}});
+
+    QCOMPARE(fixture.picker.choice(), 3);
+    QCOMPARE(fixture.picker.currentText(), u"PLA +"_s);
+    QCOMPARE(fixture.edits.count(), 0);
+}
+
+void PickerTest::aChoiceThatIsGoneBecomesNone()
+{
+    PickerFixture fixture;
+    fixture.picker.setChoice(3);
+
+    fixture.picker.setEntries({{4, u"ABS"_s, {}}});
+
+    QCOMPARE(fixture.picker.choice(), 0);
+    QCOMPARE(fixture.picker.currentText(), u"Sélectionner…"_s);
+    QCOMPARE(fixture.edits.count(), 0);
+}
+
+void PickerTest::settingIsNotEditing()
+{
+    PickerFixture fixture;
+
+    fixture.picker.setChoice(2);
+    fixture.picker.setChoice(77);
+
+    QCOMPARE(fixture.picker.choice(), 0);
+    QCOMPARE(fixture.edits.count(), 0);
+}
+
+void PickerTest::choosingIsToldOnce_data()
+{
+    QTest::addColumn<QList<Qt::Key>>("keys");
+    QTest::addColumn<qint64>("expected");
+
+    QTest::newRow("an arrow") << QList<Qt::Key>{Qt::Key_Down} << 4LL;
+    QTest::newRow("the last") << QList<Qt::Key>{Qt::Key_End} << 3LL;
+    QTest::newRow("none again") << QList<Qt::Key>{Qt::Key_Down, Qt::Key_Home} << 0LL;
+}
+
+void PickerTest::choosingIsToldOnce()
+{
+    QFETCH(QList<Qt::Key>, keys);
+    QFETCH(qint64, expected);
+    PickerFixture fixture;
+
+    for (const Qt::Key key : keys)
+        QTest::keyClick(&fixture.picker, key);
+
+    QCOMPARE(fixture.picker.choice(), expected);
+    QCOMPARE(fixture.edits.count(), keys.size());
+    QCOMPARE(fixture.edits.last().first().toLongLong(), expected);
+}
+
+void PickerTest::lettersJumpToAName()
+{
+    PickerFixture fixture;
+
+    QTest::keyClicks(&fixture.picker, u"pl"_s);
+
+    QCOMPARE(fixture.picker.choice(), 3);
+    QCOMPARE(fixture.edits.last().first().toLongLong(), 3);
+}
+
+void PickerTest::lettersJumpInTheOpenListToo()
+{
+    PickerFixture fixture;
+    fixture.picker.showPopup();
+    QVERIFY(fixture.picker.view()->isVisible());
+
+    QTest::keyClicks(fixture.picker.view(), u"pl"_s);
+    QTest::keyClick(fixture.picker.view(), Qt::Key_Return);
+
+    QCOMPARE(fixture.picker.choice(), 3);
+    QCOMPARE(fixture.edits.count(), 1);
+    QTRY_VERIFY(!fixture.picker.view()->isVisible());
+}
+
+void PickerTest::theWheelChangesNothing()
+{
+    PickerFixture fixture;
+    const QPointF middle = fixture.picker.rect().center();
+    QWheelEvent wheel(middle, fixture.picker.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton,
+        Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&fixture.picker, &wheel);
+
+    QCOMPARE(fixture.picker.choice(), 0);
+    QVERIFY(!wheel.isAccepted());
+}
+
+void PickerTest::aLongNameIsCutWithATooltip()
+{
+    PickerFixture fixture;
+    const QString longName = QString(200, u'W');
+    fixture.picker.setEntries({{1, longName, {}}, {2, u"ABS"_s, {}}});
+    const auto toolTipFor = [&](qint64 id) {
+        fixture.picker.setChoice(id);
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, {5, 5}, fixture.picker.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&fixture.picker, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+
+    QCOMPARE(toolTipFor(2), QString());
+    QCOMPARE(toolTipFor(1), longName);
+    QVERIFY(fixture.picker.minimumSizeHint().width() < 200);
+}
+
+void PickerTest::thousandsOfEntriesOpen()
+{
+    PickerFixture fixture;
+    std::vector<PickerEntry> entries;
+    for (int number = 1; number <= 5000; ++number)
+        entries.push_back({number, u"Marque %1"_s.arg(number), {}});
+    fixture.picker.setEntries(entries);
+    QCOMPARE(fixture.picker.count(), 5001);
+
+    fixture.picker.showPopup();
+    QTest::keyClicks(fixture.picker.view(), u"marque 4321"_s);
+    QTest::keyClick(fixture.picker.view(), Qt::Key_Return);
+
+    QCOMPARE(fixture.picker.choice(), 4321);
+}
+
+void PickerTest::oddNamesStayOnOneLine()
+{
+    PickerFixture fixture;
+    fixture.picker.setEntries({{1, u"deux\nlignes"_s, {}}, {2, u"مرحبا 🧵"_s, {}}});
+    fixture.picker.setChoice(1);
+    QCOMPARE(fixture.picker.currentText(), u"deux lignes"_s);
+    const int height = fixture.picker.sizeHint().height();
+    fixture.picker.setChoice(2);
+    QCOMPARE(fixture.picker.sizeHint().height(), height);
+    QVERIFY(!fixture.picker.grab().isNull());
+}
+
+REELHOUSE_TEST(PickerTest)
+
+#include "PickerTest.moc"
