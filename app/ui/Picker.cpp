@@ -8,6 +8,7 @@
 #include <QtCore/QAbstractListModel>
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QListView>
 #include <QtWidgets/QStyleOptionComboBox>
 #include <QtWidgets/QStylePainter>
@@ -167,6 +168,23 @@ void Picker::changeEvent(QEvent* event)
     QComboBox::changeEvent(event);
     if (event->type() == QEvent::FontChange)
         updateGeometry();
+}
+
+void Picker::keyPressEvent(QKeyEvent* event)
+{
+    const bool isTyping = m_sinceLetter.isValid()
+        && m_sinceLetter.elapsed() < QApplication::keyboardInputInterval();
+    if (!event->text().isEmpty() && event->text().front().isPrint())
+        m_sinceLetter.start();
+    if (isTyping && event->key() == Qt::Key_Space) {
+        // A space within a name belongs to it; by its key it would open the list.
+        QKeyEvent space(event->type(), Qt::Key_unknown, event->modifiers(), event->text());
+        QComboBox::keyPressEvent(&space);
+        return;
+    }
+    if (event->key() == Qt::Key_Space)
+        m_sinceLetter.invalidate();
+    QComboBox::keyPressEvent(event);
 }
 
 void Picker::wheelEvent(QWheelEvent* event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QElapsedTimer>
 #include <QtWidgets/QComboBox>
 
 #include <vector>
@@ -44,6 +45,7 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
@@ -53,6 +55,7 @@ private:
     QRect textRect() const;
 
     Model* m_model;
+    QElapsedTimer m_sinceLetter; ///< Since the last key of a name that is being typed.
 };
 
 } // namespace reelhouse

@@ -6,6 +6,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QToolTip>
 
 using namespace reelhouse;
@@ -22,6 +23,7 @@ private slots:
     void choosingIsToldOnce_data();
     void choosingIsToldOnce();
     void lettersJumpToAName();
+    void aSpaceInANameBelongsToIt();
     void lettersJumpInTheOpenListToo();
     void theWheelChangesNothing();
     void aLongNameIsCutWithATooltip();
@@ -129,6 +131,20 @@ void PickerTest::lettersJumpToAName()
 
     QCOMPARE(fixture.picker.choice(), 3);
     QCOMPARE(fixture.edits.last().first().toLongLong(), 3);
+}
+
+void PickerTest::aSpaceInANameBelongsToIt()
+{
+    PickerFixture fixture;
+    fixture.picker.setEntries({{1, u"PLA 10"_s, {}}, {2, u"PLA 20"_s, {}}});
+
+    QTest::keyClicks(&fixture.picker, u"pla 2"_s);
+    QCOMPARE(fixture.picker.choice(), 2);
+    QVERIFY(!fixture.picker.view()->isVisible());
+
+    QTest::qWait(QApplication::keyboardInputInterval() + 20);
+    QTest::keyClick(&fixture.picker, Qt::Key_Space);
+    QVERIFY(fixture.picker.view()->isVisible());
 }
 
 void PickerTest::lettersJumpInTheOpenListToo()
