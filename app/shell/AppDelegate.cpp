@@ -21,6 +21,7 @@
 #include <chrono>
 #include <memory>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace reelhouse {
@@ -56,6 +57,10 @@ AppDelegate::AppDelegate(Preferences& preferences, StoreProvider& provider,
     , m_provider(provider)
     , m_mainWindow(std::move(mainWindow))
 {
+    qApp->installEventFilter(this);
+    // While the session manager waits for the answer.
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &AppDelegate::commitData,
+        Qt::DirectConnection);
 }
 
 void AppDelegate::applicationDidFinishLaunching()
@@ -83,7 +88,8 @@ bool AppDelegate::configureMainWindow()
     if (m_didConfigureWindow || !window)
         return false;
     m_didConfigureWindow = true;
-    connect(window, &MainWindow::closing, this, &AppDelegate::saveWindowStateIfEnabled);
+    window->setCloseQuestion([this] { return windowShouldClose(); });
+    connect(window, &MainWindow::quitRequested, this, &AppDelegate::applicationShouldTerminate);
     window->winId(); // makes the native window, so that its decoration can be asked for
     const auto saved = shouldRestoreWindowState() ? m_preferences.windowSize() : std::nullopt;
     placeOnMainScreen(*window, saved ? saved->toSize() : WindowPlacement::defaultSize);
@@ -161,6 +167,50 @@ void AppDelegate::saveWindowStateIfEnabled()
     const MainWindow* window = m_mainWindow();
     if (shouldRestoreWindowState() && window && m_didConfigureWindow)
         m_preferences.setWindowSize(window->size());
+}
+
+bool AppDelegate::windowShouldClose()
+{
+    saveWindowStateIfEnabled();
+    return confirmQuit();
+}
+
+void AppDelegate::applicationShouldTerminate()
+{
+    saveWindowStateIfEnabled();
+    if (confirmQuit())
+        terminate();
+}
+
+bool AppDelegate::confirmQuit()
+{
+    if (!m_preferences.confirmOnQuit())
+        return true;
+    if (std::exchange(m_isAskingToQuit, true))
+        return false; // The question stands there already.
+    constexpr int quit = 0;
+    Alert alert(AlertTone::Question, u"Quitter Spoolwright ?"_s,
+        u"Voulez-vous vraiment quitter l'application ?"_s,
+        {{u"Quitter"_s, AlertRole::Confirm}, {u"Annuler"_s, AlertRole::Cancel}}, m_mainWindow());
+    const int answer = alert.exec();
+    m_isAskingToQuit = false;
+    return answer == quit;
+}
+
+void AppDelegate::commitData()
+{
+    saveWindowStateIfEnabled();
+    if (StoreContainer* container = modelContainer())
+        container->context().save();
+}
+
+bool AppDelegate::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != qApp || event->type() != QEvent::Quit)
+        return QObject::eventFilter(watched, event);
+    // Here and not in the application, which would close the window and so ask again.
+    terminate();
+    return true;
 }
 
 void AppDelegate::terminate()

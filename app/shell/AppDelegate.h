@@ -31,11 +31,20 @@ public:
     void activateApplication() { tryToActivate(0); }
     /// Writes the window's size when the user wants it remembered.
     void saveWindowStateIfEnabled();
-    /// Saves the stock and the window, then ends the event loop with status 0, without a question.
+    /// Whether the user may close the main window; saves its size and, unless told not to, asks.
+    bool windowShouldClose();
+    /// The quit command: saves the window's size, asks, and ends the program unless the user says
+    /// no.
+    void applicationShouldTerminate();
+    /// Whether the user wants to quit, asked in a modal alert unless it is not to be asked.
+    bool confirmQuit();
+    /// Saves the window's size, then ends the event loop with status 0, without a question.
     void terminate();
     /// Writes the quit backup when the user wants one. Returns when it is on disk; a failure never
     /// stops the quit.
     void performBackupIfEnabled();
+    /// The desktop session ends: saves what would be lost, for the time may be short.
+    void commitData();
     /// The alert that tells why the program runs on the temporary store. Modal.
     void presentStoreError(const QString& message);
 
@@ -45,6 +54,10 @@ public:
     StoreContainer* modelContainer() const;
     bool usingInMemoryStore() const;
     bool shouldRestoreWindowState() const;
+
+    /// Ends the program when the platform wants it ended: its last window was closed, which the
+    /// user has confirmed, or the session is over.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void startWindowSetup(int attempt);
@@ -59,6 +72,7 @@ private:
     std::function<MainWindow*()> m_mainWindow;
     bool m_didConfigureWindow = false;
     bool m_didRequestAttention = false;
+    bool m_isAskingToQuit = false;
 };
 
 } // namespace reelhouse

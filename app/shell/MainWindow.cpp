@@ -25,8 +25,7 @@ QSize MainWindow::chromeSize() const
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    emit closing();
-    event->accept();
+    event->setAccepted(!m_mayClose || m_mayClose());
 }
 
 void MainWindow::makeMenuBar()
@@ -37,7 +36,7 @@ void MainWindow::makeMenuBar()
     about->setEnabled(false);
     application->addSeparator();
     QAction* quit = application->addAction(
-        u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &QWidget::close);
+        u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &MainWindow::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 
     m_editMenu = menuBar()->addMenu(u"Édition"_s);

@@ -2,6 +2,8 @@
 
 #include <QtWidgets/QMainWindow>
 
+#include <functional>
+
 namespace reelhouse {
 
 /// The one main window: its title, its menu bar and, in it, the screen that the store's state calls
@@ -18,12 +20,15 @@ public:
     /// What the window shows around the screen: its menu bar. Width 0.
     QSize chromeSize() const;
 
+    /// Asked each time the user closes the window: whether it may. Without one it always may.
+    void setCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
+
     /// The menu "Édition", which the screens' commands are added to.
     QMenu& editMenu() { return *m_editMenu; }
 
 signals:
-    /// The window is about to close; it will unless the program says no.
-    void closing();
+    /// The user wants the program to end.
+    void quitRequested();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -31,6 +36,7 @@ protected:
 private:
     void makeMenuBar();
 
+    std::function<bool()> m_mayClose;
     QMenu* m_editMenu = nullptr;
 };
 

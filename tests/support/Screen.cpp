@@ -135,6 +135,27 @@ void Screen::click()
     fake(XCB_BUTTON_RELEASE, leftButton, {});
 }
 
+void Screen::pressReturn()
+{
+    constexpr uint8_t returnKey = 36; // on every keyboard of Xvfb
+    fake(XCB_KEY_PRESS, returnKey, {});
+    fake(XCB_KEY_RELEASE, returnKey, {});
+}
+
+void Screen::close(const Window& window)
+{
+    xcb_client_message_event_t message = {};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window.id;
+    message.type = atom("WM_PROTOCOLS");
+    message.data.data32[0] = atom("WM_DELETE_WINDOW");
+    message.data.data32[1] = XCB_CURRENT_TIME;
+    xcb_send_event(m_connection, 0, window.id, XCB_EVENT_MASK_NO_EVENT,
+        reinterpret_cast<const char*>(&message));
+    xcb_flush(m_connection);
+}
+
 void Screen::collect(xcb_window_t parent, QList<Window>& found) const
 {
     const auto tree

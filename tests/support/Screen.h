@@ -47,6 +47,10 @@ public:
     void movePointer(const QPoint& position);
     /// Presses and releases the left button where the pointer is.
     void click();
+    /// Presses and releases Return in the window that has the keyboard.
+    void pressReturn();
+    /// Asks the program to close a window, as its title bar does.
+    void close(const Window& window);
 
 private:
     void collect(xcb_window_t parent, QList<Window>& found) const;

@@ -4,6 +4,8 @@
 #include "app/shell/MainWindow.h"
 #include "app/shell/WindowPlacement.h"
 #include "app/store/StoreProvider.h"
+#include "app/ui/Alert.h"
+#include "core/model/StoreContext.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/TestMain.h"
 
@@ -33,6 +35,11 @@ private slots:
     void theStoreAlertSaysWhyTheStockIsTemporary();
     void closingSavesTheSize_data();
     void closingSavesTheSize();
+    void quittingAsks_data();
+    void quittingAsks();
+    void whileTheQuestionStandsNoOtherIsAsked();
+    void anEndThatNobodyConfirmsIsNotAsked();
+    void theEndOfTheSessionSavesTheStock();
     void terminatingSavesTheSizeAndEndsWithZero();
     void endingBeforeTheWindowStandsKeepsTheSavedSize();
     void quittingWritesABackupWhenWanted_data();
@@ -56,6 +63,50 @@ struct AppDelegateFixture {
     StoreProvider provider{StorePaths(folder.filePath(u"Documents"_s))};
     MainWindow window;
     AppDelegate delegate{preferences, provider, [this] { return &window; }};
+};
+
+/// Gives every question the same answer, and remembers what was asked.
+class QuitAnswer final : public QObject {
+public:
+    explicit QuitAnswer(QString answer)
+        : m_answer(std::move(answer))
+    {
+        qApp->installEventFilter(this);
+    }
+
+    /// Of each question its texts and its buttons, from left to right.
+    const QList<QStringList>& questions() const { return m_questions; }
+    const QString& defaultButton() const { return m_defaultButton; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && qobject_cast<Alert*>(watched))
+            QTimer::singleShot(
+                0, watched, [this, watched] { reply(*static_cast<Alert*>(watched)); });
+        return false;
+    }
+
+private:
+    void reply(const Alert& alert)
+    {
+        QStringList texts;
+        for (const QLabel* label : alert.findChildren<QLabel*>())
+            texts += label->text();
+        QPushButton* answering = nullptr;
+        for (QPushButton* button : alert.findChildren<QPushButton*>()) {
+            texts += button->text();
+            if (button->isDefault())
+                m_defaultButton = button->text();
+            if (button->text() == m_answer)
+                answering = button;
+        }
+        m_questions += texts;
+        answering->click();
+    }
+
+    QString m_answer;
+    QString m_defaultButton;
+    QList<QStringList> m_questions;
 };
 
 /// Moves a window away from where it was first shown, again each time that it is put back there.
@@ -238,6 +289,7 @@ void AppDelegateTest::closingSavesTheSize()
     QFETCH(bool, isRemembered);
     AppDelegateFixture fixture;
     fixture.preferences.setRememberWindowState(isRemembered);
+    fixture.preferences.setConfirmOnQuit(false);
     fixture.launch();
     const QSizeF shown = fixture.window.size();
 
@@ -246,6 +298,96 @@ void AppDelegateTest::closingSavesTheSize()
     QCOMPARE(fixture.preferences.windowSize().has_value(), isRemembered);
     if (isRemembered)
         QCOMPARE(*fixture.preferences.windowSize(), shown);
+}
+
+void AppDelegateTest::quittingAsks_data()
+{
+    QTest::addColumn<bool>("byClosing");
+    QTest::addColumn<bool>("confirms");
+    QTest::addColumn<QString>("answer");
+    QTest::addColumn<int>("questions");
+    QTest::addColumn<bool>("ends");
+
+    QTest::newRow("closing, confirmed") << true << true << u"Quitter"_s << 1 << true;
+    QTest::newRow("closing, called off") << true << true << u"Annuler"_s << 1 << false;
+    QTest::newRow("closing, not to be asked") << true << false << QString() << 0 << true;
+    QTest::newRow("the command, confirmed") << false << true << u"Quitter"_s << 1 << true;
+    QTest::newRow("the command, called off") << false << true << u"Annuler"_s << 1 << false;
+    QTest::newRow("the command, not to be asked") << false << false << QString() << 0 << true;
+}
+
+void AppDelegateTest::quittingAsks()
+{
+    QFETCH(bool, byClosing);
+    QFETCH(bool, confirms);
+    QFETCH(QString, answer);
+    QFETCH(bool, ends);
+    AppDelegateFixture fixture;
+    fixture.preferences.setConfirmOnQuit(confirms);
+    fixture.launch();
+    QuitAnswer answers(answer);
+
+    constexpr int calledOff = 7;
+    QTimer::singleShot(0, &fixture.window, [&] {
+        if (byClosing)
+            fixture.window.close();
+        else
+            emit fixture.window.quitRequested();
+        if (answer == u"Annuler"_s)
+            QCoreApplication::exit(calledOff);
+    });
+    QCOMPARE(QApplication::exec(), ends ? 0 : calledOff);
+
+    QTEST(int(answers.questions().size()), "questions");
+    if (confirms) {
+        QCOMPARE(answers.questions().first(),
+            QStringList({u"Quitter Spoolwright ?"_s,
+                u"Voulez-vous vraiment quitter l'application ?"_s, u"Annuler"_s, u"Quitter"_s}));
+        QCOMPARE(answers.defaultButton(), u"Quitter"_s);
+    }
+    QCOMPARE(fixture.window.isVisible(), !ends || !byClosing);
+    QCOMPARE(fixture.preferences.windowSize(), QSizeF(fixture.window.size()));
+}
+
+void AppDelegateTest::whileTheQuestionStandsNoOtherIsAsked()
+{
+    AppDelegateFixture fixture;
+    fixture.launch();
+    bool second = true;
+    QTimer::singleShot(0, &fixture.window, [&] {
+        second = fixture.delegate.confirmQuit();
+        QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    });
+
+    QVERIFY(!fixture.delegate.confirmQuit());
+    QVERIFY(!second);
+}
+
+void AppDelegateTest::anEndThatNobodyConfirmsIsNotAsked()
+{
+    AppDelegateFixture fixture;
+    fixture.launch();
+    QuitAnswer answers(u"Annuler"_s);
+
+    QTimer::singleShot(0, qApp, &QCoreApplication::quit);
+
+    QCOMPARE(QApplication::exec(), 0);
+    QVERIFY(answers.questions().isEmpty());
+    QCOMPARE(fixture.preferences.windowSize(), QSizeF(fixture.window.size()));
+}
+
+void AppDelegateTest::theEndOfTheSessionSavesTheStock()
+{
+    AppDelegateFixture fixture;
+    fixture.launch();
+    StoreContext& context = fixture.provider.container()->context();
+    context.insert(std::make_unique<Brand>(u"Sunlu"_s));
+    QVERIFY(context.hasUnsavedChanges());
+
+    fixture.delegate.commitData();
+
+    QVERIFY(!context.hasUnsavedChanges());
+    QCOMPARE(fixture.preferences.windowSize(), QSizeF(fixture.window.size()));
 }
 
 void AppDelegateTest::terminatingSavesTheSizeAndEndsWithZero()
