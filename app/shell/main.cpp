@@ -1,8 +1,8 @@
+#include "app/shell/FrenchTexts.h"
 #include "app/shell/ReelhouseApp.h"
 #include "app/shell/SingleInstance.h"
 
 #include <QtCore/QLocale>
-#include <QtCore/QTranslator>
 #include <QtWidgets/QApplication>
 
 using namespace Qt::StringLiterals;
@@ -21,9 +21,6 @@ int main(int argc, char* argv[])
     if (!instance.isPrimary())
         return 0;
 
-    // Standard buttons and text menus speak French whatever the session's language.
-    QTranslator french;
-    if (french.load(u":/translations/qtbase_fr.qm"_s))
-        QCoreApplication::installTranslator(&french);
+    const FrenchTexts french;
     return ReelhouseApp(paths, Preferences::userFilePath(), instance).run();
 }
