@@ -1,6 +1,8 @@
 #include "app/shell/ContentView.h"
 
 #include "app/backup/BackupService.h"
+#include "app/backup/CsvExportView.h"
+#include "app/backup/ExportImportView.h"
 #include "app/editing/ReferenceManagementView.h"
 #include "app/library/FilterFavoritesManagementView.h"
 #include "app/library/FilterFavoritesStore.h"
@@ -8,14 +10,32 @@
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
 #include "app/store/StoreContainer.h"
-#include "app/ui/TextStyle.h"
 #include "core/preferences/Preferences.h"
 
-#include <QtWidgets/QLabel>
+#include <QtCore/QMimeData>
+#include <QtGui/QDropEvent>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
 
+using namespace Qt::StringLiterals;
+
 namespace reelhouse {
+
+namespace {
+
+/// The path of the one document that is being dropped; empty for anything else, and while a sheet
+/// or an alert waits for an answer.
+QString droppedDocument(const QDropEvent& event)
+{
+    const QList<QUrl> urls = event.mimeData()->urls();
+    if (urls.size() != 1 || QApplication::activeModalWidget())
+        return {};
+    const QString path = urls.first().toLocalFile();
+    return path.endsWith(u".json"_s, Qt::CaseInsensitive) ? path : QString();
+}
+
+} // namespace
 
 ContentView::ContentView(StoreContainer& container, Preferences& preferences,
     FilterFavoritesStore& favorites, QWidget* parent)
@@ -27,6 +47,7 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences,
     , m_screens(new QStackedWidget)
     , m_library(new LibraryView(container, preferences, favorites))
 {
+    setAcceptDrops(true);
     setChildrenCollapsible(false);
     setHandleWidth(1);
     m_screens->addWidget(m_library);
@@ -105,19 +126,34 @@ QWidget* ContentView::makeScreen(NavItem item)
         return new RangesManagementView(context);
     case NavItem::Locations:
         return new LocationsManagementView(context);
-    case NavItem::Library:
     case NavItem::ExportImport:
+        return new ExportImportView(m_container, m_preferences);
     case NavItem::CsvExport:
+        return new CsvExportView(m_container);
+    case NavItem::Library:
         break;
     }
-    auto* screen = new QWidget;
-    auto* title = new QLabel(navItemTitle(item), screen);
-    setTextStyle(title, TextStyle::ScreenTitle);
-    auto* column = new QVBoxLayout(screen);
-    column->setContentsMargins(16, 10, 16, 10);
-    column->addWidget(title);
-    column->addStretch();
-    return screen;
+    Q_UNREACHABLE();
+}
+
+void ContentView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (droppedDocument(*event).isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction); // A move would take the file away from its folder.
+    event->accept();
+}
+
+void ContentView::dropEvent(QDropEvent* event)
+{
+    const QString path = droppedDocument(*event);
+    if (path.isEmpty())
+        return;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    showScreen(NavItem::ExportImport);
+    if (auto* screen = qobject_cast<ExportImportView*>(m_screens->currentWidget()))
+        screen->importFile(path);
 }
 
 } // namespace reelhouse

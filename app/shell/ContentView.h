@@ -31,6 +31,11 @@ public:
     void showScreen(NavItem item);
     NavItem selection() const { return m_selection; }
 
+protected:
+    /// Accepts one dropped document and begins its import.
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
 private:
     QWidget* makeScreen(NavItem item);
     void showFavorites();

@@ -32,6 +32,8 @@ QString systemSentence(int error)
         return u"Un dossier se trouve à la place du fichier"_s;
     case ENOTDIR:
         return u"Un fichier se trouve à la place d'un dossier"_s;
+    case ENXIO:
+        return u"Ce n'est pas un fichier ordinaire"_s;
     case ENOTEMPTY:
         return u"Le dossier n'est pas vide"_s;
     case ENAMETOOLONG:

@@ -44,6 +44,8 @@ Look lookOf(StatusKind kind)
     case StatusKind::Warning:
         return {u"exclamationmark.triangle.fill"_s, &Theme::orange, &Theme::orangeSoft,
             TextTone::Orange};
+    case StatusKind::Progress:
+        return {{}, &Theme::textSecondary, &Theme::sunken, TextTone::Secondary};
     case StatusKind::Error:
         return {u"exclamationmark.triangle.fill"_s, &Theme::red, &Theme::redSoft, TextTone::Red};
     }
@@ -76,6 +78,7 @@ private:
 
 StatusLine::StatusLine(QWidget* parent)
     : QWidget(parent)
+    , m_row(new QHBoxLayout(this))
     , m_panel(new Panel(this))
     , m_icon(new IconView(QIcon(), lineIconSide, m_panel))
     , m_label(new QLabel(m_panel))
@@ -90,10 +93,9 @@ StatusLine::StatusLine(QWidget* parent)
     content->addWidget(m_icon, 0, Qt::AlignTop);
     content->addWidget(m_label, 1);
 
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(m_panel, 1);
-    row->addStretch(0);
+    m_row->setContentsMargins(0, 0, 0, 0);
+    m_row->addWidget(m_panel, 1);
+    m_row->addStretch(0);
 
     QSizePolicy policy = m_panel->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -105,6 +107,7 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
 {
     const Look look = lookOf(kind);
     m_panel->setGround(look.ground);
+    m_icon->setVisible(!look.symbol.isEmpty());
     m_icon->setIcon(symbolIcon(look.symbol, look.color));
     setTextTone(m_label, look.tone);
 
@@ -113,7 +116,10 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
         std::min(widestLine, 2 * linePadding + lineIconSide + iconGap + textWidth));
     m_label->setText(text);
     m_panel->setVisible(true);
-    fadeIn();
+    if (kind == StatusKind::Progress)
+        m_panel->setGraphicsEffect(nullptr);
+    else
+        fadeIn();
 
     QAccessibleEvent event(m_label, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
@@ -128,6 +134,11 @@ void StatusLine::clear()
 QString StatusLine::text() const
 {
     return m_label->text();
+}
+
+void StatusLine::setCentred()
+{
+    m_row->insertStretch(0, 0);
 }
 
 void StatusLine::fadeIn()

@@ -2,13 +2,19 @@
 
 #include <QtWidgets/QWidget>
 
+class QHBoxLayout;
 class QLabel;
 
 namespace reelhouse {
 
 class IconView;
 
-enum class StatusKind { Success, Warning, Error };
+enum class StatusKind {
+    Success,
+    Warning,
+    Error,
+    Progress, ///< Something is under way; without an icon, and there at once.
+};
 
 /// One line that says how the last action ended, on a ground of its own. Its room is kept while it
 /// is empty, so that nothing jumps. The text wraps, can be selected, and is announced.
@@ -20,6 +26,8 @@ public:
 
     void showMessage(StatusKind kind, const QString& text);
     void clear();
+    /// Puts the line in the middle of its width instead of at the left.
+    void setCentred();
 
     /// What stands there now; empty when nothing does.
     QString text() const;
@@ -28,6 +36,7 @@ private:
     void fadeIn();
 
     class Panel;
+    QHBoxLayout* m_row;
     Panel* m_panel;
     IconView* m_icon;
     QLabel* m_label;

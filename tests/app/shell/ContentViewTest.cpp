@@ -1,10 +1,12 @@
 #include "app/shell/ContentView.h"
 
+#include "app/backup/ExportImportView.h"
 #include "app/editing/ReferenceManagementView.h"
 #include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarDelegate.h"
 #include "app/shell/SidebarView.h"
+#include "app/ui/Alert.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/Sheet.h"
 #include "core/model/StoreContext.h"
@@ -13,7 +15,9 @@
 #include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QListView>
@@ -36,6 +40,9 @@ private slots:
     void theLaunchBackupIsWrittenWhenWanted();
     void aFavoriteIsAppliedFromAnotherScreen();
     void theSidebarKeepsUpWithTheFavorites();
+    void aDroppedDocumentIsImported();
+    void otherDropsAreRefused_data();
+    void otherDropsAreRefused();
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
 };
@@ -65,6 +72,23 @@ struct ContentViewFixture {
     ContentView content{*stock, preferences, favorites};
 };
 
+/// Drags files over the middle of the content and lets them go; false when it wants none of them.
+bool drop(QWidget& content, const QList<QUrl>& urls)
+{
+    QMimeData files;
+    files.setUrls(urls);
+    QDragEnterEvent enter(
+        content.rect().center(), Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, {});
+    enter.ignore();
+    QCoreApplication::sendEvent(&content, &enter);
+    if (!enter.isAccepted())
+        return false;
+    QDropEvent event(
+        content.rect().center(), Qt::MoveAction | Qt::CopyAction, &files, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(&content, &event);
+    return event.isAccepted() && event.dropAction() == Qt::CopyAction;
+}
+
 } // namespace
 
 void ContentViewTest::theLibraryIsShownFirst()
@@ -82,7 +106,9 @@ void ContentViewTest::everyScreenShowsItsTitle()
 
     for (const NavItem item : allNavItems) {
         fixture.content.showScreen(item);
-        QVERIFY2(fixture.showsTitle(navItemTitle(item)), qPrintable(navItemTitle(item)));
+        const QString title
+            = item == NavItem::ExportImport ? u"Export et Import"_s : navItemTitle(item);
+        QVERIFY2(fixture.showsTitle(title), qPrintable(title));
         QCOMPARE(fixture.showsLibrary(), item == NavItem::Library);
         QCOMPARE(fixture.content.findChild<SidebarView*>()->selection(), item);
     }
@@ -198,6 +224,43 @@ void ContentViewTest::theSidebarKeepsUpWithTheFavorites()
 
     fixture.favorites.remove(favorite->id);
     QCOMPARE(entries->index(2, 0).data().toString(), u"Aucun favori"_s);
+}
+
+void ContentViewTest::aDroppedDocumentIsImported()
+{
+    ContentViewFixture fixture;
+    const QString path = fixture.folder.filePath(u"Stock.JSON"_s);
+    tests::BackupFixture::writeFile(
+        path, R"({"brands":[],"filaments":[],"locations":[],"ranges":[],"types":[]})");
+
+    QVERIFY(drop(fixture.content, {QUrl::fromLocalFile(path)}));
+
+    QCOMPARE(fixture.content.selection(), NavItem::ExportImport);
+    const auto* screen = fixture.content.findChild<ExportImportView*>();
+    QVERIFY(screen);
+    QTRY_VERIFY(screen->findChild<Alert*>());
+    QVERIFY2(!drop(fixture.content, {QUrl::fromLocalFile(path)}), "While a question waits.");
+}
+
+void ContentViewTest::otherDropsAreRefused_data()
+{
+    QTest::addColumn<QList<QUrl>>("urls");
+
+    QTest::newRow("nothing") << QList<QUrl>();
+    QTest::newRow("another kind of file") << QList<QUrl>{QUrl(u"file:///tmp/a.csv"_s)};
+    QTest::newRow("two documents")
+        << QList<QUrl>{QUrl(u"file:///tmp/a.json"_s), QUrl(u"file:///tmp/b.json"_s)};
+    QTest::newRow("one of the net") << QList<QUrl>{QUrl(u"https://example.org/a.json"_s)};
+}
+
+void ContentViewTest::otherDropsAreRefused()
+{
+    QFETCH(QList<QUrl>, urls);
+    ContentViewFixture fixture;
+
+    QVERIFY(!drop(fixture.content, urls));
+
+    QCOMPARE(fixture.content.selection(), NavItem::Library);
 }
 
 void ContentViewTest::aTemporaryStockSaysSo_data()

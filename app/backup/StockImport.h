@@ -1,0 +1,30 @@
+#pragma once
+
+#include "core/Result.h"
+#include "core/interchange/ExportData.h"
+
+#include <QtCore/QDateTime>
+
+namespace reelhouse {
+
+class StoreContainer;
+
+/// The two stages of an import. Errors are French sentences, shown as they are.
+namespace StockImport {
+
+/// The longest document that is read, in bytes: 1 GiB.
+inline constexpr qint64 largestDocument = qint64{1} << 30;
+
+/// First stage: reads the file and holds it to every rule. Touches no stock; for any thread.
+Result<ExportData, QString> readDocument(const QString& path);
+
+/// Second stage: writes a safety backup, keeping at most `keepBackups`, then replaces the whole
+/// stock by a document that went through the first. Returns the path of the backup, or nothing for
+/// the temporary stock, which has none. When the backup fails nothing was changed; when the save
+/// fails the context holds the new stock and the store still the former one.
+Result<std::optional<QString>, QString> importIntoContext(
+    StoreContainer& store, const ExportData& data, int keepBackups);
+
+} // namespace StockImport
+
+} // namespace reelhouse

@@ -1,0 +1,124 @@
+#include "app/backup/TransferScreen.h"
+
+#include "app/backup/BackgroundWork.h"
+#include "app/backup/GradientSymbol.h"
+#include "app/backup/TransferTexts.h"
+#include "app/store/UserFiles.h"
+#include "app/ui/Palette.h"
+#include "app/ui/Symbol.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QPushButton>
+#include <QtWidgets/QVBoxLayout>
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int transferSymbolSide = 64;
+constexpr int transferButtonHeight = 36;
+constexpr int transferMargin = 24;
+constexpr int roomForStatus = 100; ///< Four lines of text.
+
+QLabel* centredText(const QString& text, TextStyle style, QWidget* parent)
+{
+    auto* label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setAlignment(Qt::AlignCenter);
+    setTextStyle(label, style);
+    return label;
+}
+
+} // namespace
+
+TransferScreen::TransferScreen(
+    const QString& symbol, const QString& title, const QString& explanation, QWidget* parent)
+    : QWidget(parent)
+    , m_buttons(new QVBoxLayout)
+    , m_status(new StatusLine(this))
+{
+    // Children come into being in reading order: that is the order assistive technology reads.
+    auto* icon = new GradientSymbol(symbol, transferSymbolSide, this);
+    QLabel* titleLabel = centredText(title, TextStyle::Display, this);
+    QLabel* explanationLabel = centredText(explanation, TextStyle::Body, this);
+    setTextTone(explanationLabel, TextTone::Secondary);
+    m_buttons->setSpacing(8);
+    m_status->setCentred();
+    m_status->setMinimumHeight(roomForStatus);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(transferMargin, transferMargin, transferMargin, transferMargin);
+    column->setSpacing(0);
+    column->addStretch(1);
+    column->addWidget(icon, 0, Qt::AlignHCenter);
+    column->addSpacing(28);
+    column->addWidget(titleLabel);
+    column->addSpacing(10);
+    column->addWidget(explanationLabel);
+    column->addSpacing(26);
+    auto* buttonRow = new QHBoxLayout;
+    buttonRow->addStretch(1);
+    buttonRow->addLayout(m_buttons);
+    buttonRow->addStretch(1);
+    column->addLayout(buttonRow);
+    column->addSpacing(22);
+    column->addWidget(m_status);
+    column->addStretch(1);
+}
+
+QPushButton* TransferScreen::addButton(const QString& symbol, const QString& text)
+{
+    auto* button = new QPushButton(symbolIcon(symbol, &Theme::textPrimary), text, this);
+    setTextStyle(button, TextStyle::Name);
+    button->setMinimumHeight(transferButtonHeight);
+    m_buttons->addWidget(button);
+    m_status->raise(); // the last child in reading order
+    return button;
+}
+
+void TransferScreen::showOutcome(StatusKind kind, const QString& text)
+{
+    setBusy(false);
+    m_outcomeKind = kind;
+    m_outcome = text;
+    m_status->showMessage(kind, text);
+}
+
+void TransferScreen::beginProgress(const QString& text)
+{
+    setBusy(true);
+    m_status->showMessage(StatusKind::Progress, text);
+}
+
+void TransferScreen::endProgress()
+{
+    setBusy(false);
+    if (m_outcome.isEmpty())
+        m_status->clear();
+    else
+        m_status->showMessage(m_outcomeKind, m_outcome);
+}
+
+void TransferScreen::writeFile(
+    const QString& path, const QByteArray& bytes, const StoreContainer& container)
+{
+    beginProgress(TransferTexts::exporting());
+    runInBackground(
+        this, [=] { return UserFiles::overwrite(path, bytes); },
+        [this, &container](const std::optional<SystemError>& error) {
+            if (error)
+                showError(TransferTexts::writeFailed(*error));
+            else
+                showSuccess(TransferTexts::exported(container));
+        });
+}
+
+void TransferScreen::setBusy(bool busy)
+{
+    m_isBusy = busy;
+    for (auto* button : findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly))
+        button->setEnabled(!busy);
+}
+
+} // namespace reelhouse

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/ui/StatusLine.h"
+
+#include <QtWidgets/QWidget>
+
+class QPushButton;
+class QVBoxLayout;
+
+namespace reelhouse {
+
+class StoreContainer;
+
+/// What the screens that export and import share: a symbol, a title, an explanation, buttons one
+/// under the other, and a line that says how the last of them ended.
+class TransferScreen : public QWidget {
+    Q_OBJECT
+
+public:
+    QString statusText() const { return m_status->text(); }
+
+protected:
+    TransferScreen(
+        const QString& symbol, const QString& title, const QString& explanation, QWidget* parent);
+
+    /// Adds a button below those there are.
+    QPushButton* addButton(const QString& symbol, const QString& text);
+
+    void showSuccess(const QString& text) { showOutcome(StatusKind::Success, text); }
+    void showError(const QString& text) { showOutcome(StatusKind::Error, text); }
+    /// Says what is under way, at once, and lets no button be pressed until the next outcome or
+    /// endProgress.
+    void beginProgress(const QString& text);
+    /// Shows the former outcome again.
+    void endProgress();
+    /// Writes the file on another thread and says how it ended, counting the filaments of
+    /// `container`.
+    void writeFile(const QString& path, const QByteArray& bytes, const StoreContainer& container);
+    bool isBusy() const { return m_isBusy; }
+
+private:
+    void showOutcome(StatusKind kind, const QString& text);
+    void setBusy(bool busy);
+
+    QVBoxLayout* m_buttons;
+    StatusLine* m_status;
+    StatusKind m_outcomeKind = StatusKind::Success;
+    QString m_outcome;
+    bool m_isBusy = false;
+};
+
+} // namespace reelhouse
