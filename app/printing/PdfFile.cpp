@@ -56,7 +56,7 @@ QByteArray makeXmpPacket(const ProductFacts& product)
         + "\n<?xpacket end=\"r\"?>\n";
 }
 
-PdfError failureOf(const QFileDevice& file)
+PrintError failureOf(const QFileDevice& file)
 {
     const QString sentence = file.error() == QFileDevice::ResourceError
         ? u"Le disque est plein"_s
@@ -78,21 +78,21 @@ PdfFile::PdfFile(const QString& path, PageOrientation orientation, const Product
     m_writer.setDocumentXmpMetadata(makeXmpPacket(product));
 }
 
-std::optional<PdfError> PdfFile::open()
+std::optional<PrintError> PdfFile::open()
 {
     if (m_file.open(QIODevice::WriteOnly))
         return std::nullopt;
     return failureOf(m_file);
 }
 
-std::optional<PdfError> PdfFile::error() const
+std::optional<PrintError> PdfFile::error() const
 {
     if (m_file.error() == QFileDevice::NoError)
         return std::nullopt;
     return failureOf(m_file);
 }
 
-std::optional<PdfError> PdfFile::commit()
+std::optional<PrintError> PdfFile::commit()
 {
     // A commit that fails because of an earlier error no longer says which.
     m_file.flush();

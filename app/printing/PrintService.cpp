@@ -29,7 +29,7 @@ ReportTextView makeReportView(std::span<const Filament* const> filaments,
         std::move(report), choice.orientation, footerLeftText(product), footerRightText(product)};
 }
 
-std::optional<PdfError> exportPDF(
+std::optional<PrintError> exportPDF(
     const ReportTextView& view, const ProductFacts& product, const QString& path)
 {
     PdfFile file(path, view.orientation(), product);

@@ -29,7 +29,7 @@ ReportTextView makeReportView(std::span<const Filament* const> filaments,
     const ReportChoice& choice, const ProductFacts& product, QDate today);
 
 /// Writes `view` as a PDF, whole or not at all.
-std::optional<PdfError> exportPDF(
+std::optional<PrintError> exportPDF(
     const ReportTextView& view, const ProductFacts& product, const QString& path);
 
 /// Makes `printer` print A4 pages whose margins are the report's own.

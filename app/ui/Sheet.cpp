@@ -141,6 +141,11 @@ void Sheet::fitIntoWindow()
     if (parentWidget() != nullptr)
         height = std::min(height, parentWidget()->window()->height() - windowMargin + shadow);
     setFixedSize(m_panelWidth + shadow, height);
+    // A scroll bar that was needed takes the width without which texts wrap into more lines, and
+    // would stay for ever.
+    layout()->activate();
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 
     if (parentWidget() != nullptr) {
         const QWidget* window = parentWidget()->window();

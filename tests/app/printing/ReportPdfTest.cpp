@@ -387,7 +387,7 @@ void ReportPdfTest::aFullDiskLeavesTheFormerFile()
     const PrintedStock stock = makeLongStock(300);
     const ReportTextView view
         = PrintService::makeReportView(stock.filaments(), everything(), {}, QDate(2026, 11, 15));
-    std::optional<PdfError> error;
+    std::optional<PrintError> error;
     {
         const FileSizeLimit limit(4096);
         error = PrintService::exportPDF(view, {}, pdf);
