@@ -32,8 +32,6 @@ FilamentDetailView::FilamentDetailView(StoreContext& context, FilamentId filamen
     , m_context(context)
     , m_filament(filament)
     , m_form(new FilamentForm(context, FilamentFormKind::StockedFilament))
-    , m_deleteButton(new QPushButton(u"Supprimer"_s, this))
-    , m_saveButton(new QPushButton(u"Enregistrer"_s, this))
 {
     setPanelSize(480, 620);
     FilamentDraft empty;
@@ -41,15 +39,16 @@ FilamentDetailView::FilamentDetailView(StoreContext& context, FilamentId filamen
     m_form->setDraft(empty);
     body()->addWidget(m_form);
 
+    // Made after the form, and in this order: so does Tab go.
+    m_deleteButton = new QPushButton(u"Supprimer"_s, this);
+    auto* cancel = new QPushButton(u"Annuler"_s, this);
+    m_saveButton = new QPushButton(u"Enregistrer"_s, this);
     setButtonLook(m_deleteButton, ButtonLook::Destructive);
     m_deleteButton->setAutoDefault(false);
-    auto* cancel = new QPushButton(u"Annuler"_s, this);
     buttonRow()->addWidget(m_deleteButton);
     buttonRow()->addStretch();
     buttonRow()->addWidget(cancel);
     buttonRow()->addWidget(m_saveButton);
-    setTabOrder(m_deleteButton, cancel);
-    setTabOrder(cancel, m_saveButton);
     setConfirmButton(m_saveButton);
 
     connect(m_deleteButton, &QPushButton::clicked, this, &FilamentDetailView::confirmDeletion);

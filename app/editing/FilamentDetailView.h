@@ -32,8 +32,8 @@ private:
     FilamentId m_filament;
     bool m_didLoad = false;
     FilamentForm* m_form;
-    QPushButton* m_deleteButton;
-    QPushButton* m_saveButton;
+    QPushButton* m_deleteButton = nullptr;
+    QPushButton* m_saveButton = nullptr;
 };
 
 } // namespace reelhouse

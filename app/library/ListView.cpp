@@ -174,6 +174,16 @@ void ListView::mousePressEvent(QMouseEvent* event)
         setCurrentIndex({});
 }
 
+void ListView::focusInEvent(QFocusEvent* event)
+{
+    QTableView::focusInEvent(event);
+    // Who comes by Tab sees on which row the keys will act.
+    const bool isByTab
+        = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (isByTab && currentIndex().isValid() && !selectedFilament())
+        selectRow(currentIndex().row());
+}
+
 void ListView::keyPressEvent(QKeyEvent* event)
 {
     // By the character, not by the key: it lies elsewhere on other keyboards and on the keypad.

@@ -137,9 +137,8 @@ void Screen::click()
 
 void Screen::pressReturn()
 {
-    constexpr uint8_t returnKey = 36; // on every keyboard of Xvfb
-    fake(XCB_KEY_PRESS, returnKey, {});
-    fake(XCB_KEY_RELEASE, returnKey, {});
+    constexpr xcb_keysym_t returnKey = 0xff0d;
+    pressKey(returnKey);
 }
 
 void Screen::close(const Window& window)
@@ -154,6 +153,41 @@ void Screen::close(const Window& window)
     xcb_send_event(m_connection, 0, window.id, XCB_EVENT_MASK_NO_EVENT,
         reinterpret_cast<const char*>(&message));
     xcb_flush(m_connection);
+}
+
+void Screen::pressKey(xcb_keysym_t key, const QList<xcb_keysym_t>& held)
+{
+    for (const xcb_keysym_t modifier : held)
+        fake(XCB_KEY_PRESS, keycodeOf(modifier), {});
+    const xcb_keycode_t code = keycodeOf(key);
+    fake(XCB_KEY_PRESS, code, {});
+    fake(XCB_KEY_RELEASE, code, {});
+    for (const xcb_keysym_t modifier : held)
+        fake(XCB_KEY_RELEASE, keycodeOf(modifier), {});
+}
+
+void Screen::type(const QByteArray& text)
+{
+    // The names of the plain keys are their letters.
+    for (const char letter : text)
+        pressKey(static_cast<xcb_keysym_t>(letter));
+}
+
+xcb_keycode_t Screen::keycodeOf(xcb_keysym_t key) const
+{
+    const xcb_setup_t* setup = xcb_get_setup(m_connection);
+    const int count = setup->max_keycode - setup->min_keycode + 1;
+    const auto mapping = owned(xcb_get_keyboard_mapping_reply(m_connection,
+        xcb_get_keyboard_mapping(m_connection, setup->min_keycode, static_cast<uint8_t>(count)),
+        nullptr));
+    if (!mapping)
+        return 0;
+    const xcb_keysym_t* names = xcb_get_keyboard_mapping_keysyms(mapping.get());
+    for (int place = 0; place < count; ++place) {
+        if (names[place * mapping->keysyms_per_keycode] == key)
+            return static_cast<xcb_keycode_t>(setup->min_keycode + place);
+    }
+    return 0;
 }
 
 void Screen::collect(xcb_window_t parent, QList<Window>& found) const

@@ -51,11 +51,17 @@ public:
     void pressReturn();
     /// Asks the program to close a window, as its title bar does.
     void close(const Window& window);
+    /// Presses and releases a key of the keyboard while others are held, such as XK_Return with
+    /// XK_Control_L. It goes to the window that has the focus.
+    void pressKey(xcb_keysym_t key, const QList<xcb_keysym_t>& held = {});
+    /// Types letters, digits and spaces.
+    void type(const QByteArray& text);
 
 private:
     void collect(xcb_window_t parent, QList<Window>& found) const;
     xcb_atom_t atom(const QByteArray& name) const;
     QByteArray property(xcb_window_t window, xcb_atom_t name) const;
+    xcb_keycode_t keycodeOf(xcb_keysym_t key) const;
     void fake(uint8_t type, uint8_t detail, const QPoint& position);
 
     xcb_connection_t* m_connection;

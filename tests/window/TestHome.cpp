@@ -6,10 +6,46 @@
 #include <QtCore/QSettings>
 
 #include <SQLiteCpp/SQLiteCpp.h>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
 namespace reelhouse::tests {
+
+namespace {
+
+using Row = SQLite::Statement;
+
+constexpr const char* everyFilament = R"sql(
+SELECT Filament.id || '|' || ifnull(FilamentType.name, '-') || '|' || ifnull(Brand.name, '-')
+    || '|' || ifnull(FilamentRange.name, '-') || '|' || ifnull(Location.name, '-')
+    || '|' || spoolsCount || '|' || openedSpoolsCount || '|' || colorHex || '|' || colorName
+    || '|' || notes || '|' || dateAddedMs
+FROM Filament
+    LEFT JOIN FilamentType ON FilamentType.id = type
+    LEFT JOIN Brand ON Brand.id = brand
+    LEFT JOIN FilamentRange ON FilamentRange.id = range
+    LEFT JOIN Location ON Location.id = location
+ORDER BY Filament.id
+)sql";
+
+/// Throws when the copy is not whole.
+void readCopyOfStore(
+    const QString& file, const char* query, const std::function<void(Row&)>& takeRow)
+{
+    const QTemporaryDir copies;
+    const QString copy = copies.filePath(u"copy.store"_s);
+    QFile::copy(file, copy);
+    QFile::copy(file + u"-wal"_s, copy + u"-wal"_s);
+    SQLite::Database database(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
+    if (database.execAndGet("PRAGMA quick_check").getString() != "ok")
+        throw SQLite::Exception("The store is not whole.");
+    SQLite::Statement rows(database, query);
+    while (rows.executeStep())
+        takeRow(rows);
+}
+
+} // namespace
 
 TestHome::TestHome()
 {
@@ -82,18 +118,20 @@ void TestHome::setPreferences(const QMap<QString, QString>& values) const
 
 std::optional<QMap<qint64, qint64>> TestHome::spoolsInStore() const
 try {
-    const QTemporaryDir copies;
-    const QString copy = copies.filePath(u"copy.store"_s);
-    QFile::copy(storeFile(), copy);
-    QFile::copy(storeFile() + u"-wal"_s, copy + u"-wal"_s);
-    SQLite::Database database(QFile::encodeName(copy).toStdString(), SQLite::OPEN_READWRITE);
-    if (database.execAndGet("PRAGMA quick_check").getString() != "ok")
-        return std::nullopt;
     QMap<qint64, qint64> spools;
-    SQLite::Statement rows(database, "SELECT id, spoolsCount FROM Filament");
-    while (rows.executeStep())
-        spools.insert(rows.getColumn(0).getInt64(), rows.getColumn(1).getInt64());
+    readCopyOfStore(storeFile(), "SELECT id, spoolsCount FROM Filament",
+        [&](Row& row) { spools.insert(row.getColumn(0).getInt64(), row.getColumn(1).getInt64()); });
     return spools;
+} catch (const SQLite::Exception&) {
+    return std::nullopt;
+}
+
+std::optional<QStringList> TestHome::filamentsInStore() const
+try {
+    QStringList filaments;
+    readCopyOfStore(storeFile(), everyFilament,
+        [&](Row& row) { filaments += QString::fromUtf8(row.getColumn(0).getText()); });
+    return filaments;
 } catch (const SQLite::Exception&) {
     return std::nullopt;
 }

@@ -32,6 +32,11 @@ public:
     /// as the program that comes next would find them. Nothing when the store is not whole.
     std::optional<QMap<qint64, qint64>> spoolsInStore() const;
 
+    /// Every filament, in the order of identities, as its fields with "|" between: identity, type,
+    /// brand, range, place, spools, opened ones, colour code, colour name, notes, milliseconds of
+    /// its date. Read as above; references by their names, "-" for none.
+    std::optional<QStringList> filamentsInStore() const;
+
 private:
     QString path(const QString& relative) const;
 

@@ -36,6 +36,7 @@ private slots:
     void itOutlivesItsFilament();
     void itOutlivesAChosenEntry();
     void everyControlHasAName();
+    void tabFollowsTheReadingOrder();
     void theTitleSaysWhatIsEdited_data();
     void theTitleSaysWhatIsEdited();
     void aWrongColorCodeIsBlackAndKept();
@@ -374,6 +375,27 @@ void FilamentDetailViewTest::everyControlHasAName()
     fixture.open();
 
     QCOMPARE(unnamedControls(fixture.sheet.get()), QStringList());
+}
+
+void FilamentDetailViewTest::tabFollowsTheReadingOrder()
+{
+    DetailFixture fixture;
+    const EditorControls controls = fixture.open();
+    QVERIFY(QTest::qWaitForWindowActive(fixture.sheet.get()));
+    controls.spools()->step(1);
+
+    QWidgetList expected;
+    for (const QString& label : {u"Type"_s, u"Marque"_s, u"Gamme"_s, u"Lieu"_s})
+        expected << controls.picker(label);
+    expected << controls.spools() << controls.opened() << controls.color() << controls.colorName()
+             << controls.notes();
+    for (const QString& text : {u"Supprimer"_s, u"Annuler"_s, u"Enregistrer"_s})
+        expected << controls.button(text);
+    for (QWidget* control : expected) {
+        QCOMPARE(QApplication::focusWidget(), control);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QCOMPARE(QApplication::focusWidget(), expected.first());
 }
 
 void FilamentDetailViewTest::theTitleSaysWhatIsEdited_data()

@@ -24,6 +24,7 @@ private slots:
     void twoQuickClicksCountTwiceAndOpenNothing();
     void stepButtonsHideWhereTheyWouldCoverText();
     void theContextMenuActsOnTheRow();
+    void tabIntoTheListSelectsARow();
     void keysChangeTheCountsOfTheSelection();
     void selectionAndScrollPositionHoldAcrossRefreshes();
     void aClickBesideTheRowsClearsTheSelection();
@@ -142,6 +143,21 @@ void ListViewTest::theContextMenuActsOnTheRow()
     menu->actions().at(2)->trigger();
     QCOMPARE(fixture.filament(2).spoolsCount(), 6);
     menu->close();
+}
+
+void ListViewTest::tabIntoTheListSelectsARow()
+{
+    ListViewFixture fixture(3);
+    fixture.list.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.list));
+    fixture.list.clearFocus();
+    QVERIFY(!fixture.list.selectedFilament());
+
+    fixture.list.setFocus(Qt::TabFocusReason);
+
+    QCOMPARE(fixture.list.selectedFilament(), fixture.filament(0).id());
+    QTest::keyClick(&fixture.list, Qt::Key_Plus);
+    QCOMPARE(fixture.filament(0).spoolsCount(), 6);
 }
 
 void ListViewTest::keysChangeTheCountsOfTheSelection()
