@@ -31,7 +31,7 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
 
     auto* print = new QPushButton(symbolIcon(u"printer"_s), u"Imprimer"_s, this);
     print->setToolTip(u"Imprimer la liste du stock"_s);
-    print->setEnabled(false);
+    connect(print, &QPushButton::clicked, this, &LibraryToolbar::printRequested);
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(16, 10, 16, 10);

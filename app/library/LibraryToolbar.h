@@ -15,6 +15,7 @@ public:
 
 signals:
     void additionRequested();
+    void printRequested();
 
 private:
     QAbstractButton* makeIconButton(const QString& symbol, const QString& name);

@@ -8,6 +8,7 @@
 #include "app/library/ListView.h"
 #include "app/library/SpoolActions.h"
 #include "app/library/StatusBarView.h"
+#include "app/printing/PrintOptionsView.h"
 #include "app/store/StoreContainer.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/EmptyState.h"
@@ -84,6 +85,11 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
     connect(
         toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
     addAction(m_actions->additionCommand());
+    auto* print = new QAction(this);
+    print->setShortcut(QKeySequence::Print);
+    addAction(print);
+    connect(print, &QAction::triggered, this, &LibraryView::showPrintOptions);
+    connect(toolbar, &LibraryToolbar::printRequested, this, &LibraryView::showPrintOptions);
     new FilamentSheets(container.context(), *m_actions, this);
     connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
 }
@@ -180,6 +186,17 @@ void LibraryView::setPendingFavorite(const FilterFavorite& favorite)
 void LibraryView::saveFavorite()
 {
     auto* sheet = new FilterFavoriteSaveView(m_favorites, currentCriteria(), this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
+}
+
+void LibraryView::showPrintOptions()
+{
+    StoreContext& context = m_container.context();
+    auto* sheet = new PrintOptionsView(context,
+        {filteredStock(context, m_selection), currentCriteria().summary().value_or(QString()),
+            {u"Spoolwright"_s, {}, {}, {}, {}}},
+        this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
 }

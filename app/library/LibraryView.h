@@ -52,6 +52,7 @@ private:
     void refresh();
     void setSelection(const FilterSelection& selection);
     void saveFavorite();
+    void showPrintOptions();
 
     StoreContainer& m_container;
     Preferences& m_preferences;

@@ -4,6 +4,7 @@
 #include "app/library/FilterFavoriteSaveView.h"
 #include "app/library/FilterFavoritesStore.h"
 #include "app/library/ListView.h"
+#include "app/printing/PrintOptionsView.h"
 #include "app/ui/Alert.h"
 #include "app/ui/SearchField.h"
 #include "core/preferences/Preferences.h"
@@ -35,6 +36,8 @@ private slots:
     void controlFGoesToTheSearch();
     void anEditIsShownWithTheNextTurn();
     void buttonsWithoutTheirSheetAreDisabledWithTheirHelp();
+    void printingIsOfferedForWhatIsShown_data();
+    void printingIsOfferedForWhatIsShown();
     void deletingAsksFirst_data();
     void deletingAsksFirst();
 };
@@ -258,7 +261,7 @@ void LibraryViewTest::anEditIsShownWithTheNextTurn()
 void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
 {
     const LibraryViewFixture fixture(StoreKind::File);
-    const std::pair<QString, QString> helps[]{{u"Imprimer"_s, u"Imprimer la liste du stock"_s},
+    const std::pair<QString, QString> helps[]{
         {u"À propos de Spoolwright"_s, u"À propos de Spoolwright"_s}};
 
     for (const auto& [name, help] : helps) {
@@ -266,6 +269,37 @@ void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
         QVERIFY(!fixture.button(name)->isEnabled());
         QCOMPARE(fixture.button(name)->toolTip(), help);
     }
+}
+
+void LibraryViewTest::printingIsOfferedForWhatIsShown_data()
+{
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("Imprimer") << false;
+    QTest::newRow("Ctrl+P") << true;
+}
+
+void LibraryViewTest::printingIsOfferedForWhatIsShown()
+{
+    QFETCH(bool, byKey);
+    LibraryViewFixture fixture(StoreKind::File);
+    fixture.type(u"petg"_s);
+    const QString count = QString::number(fixture.rows()) + u" filament(s) à imprimer"_s;
+    QCOMPARE(fixture.button(u"Imprimer"_s)->toolTip(), u"Imprimer la liste du stock"_s);
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.library));
+
+    if (byKey)
+        QTest::keyClick(&fixture.library, Qt::Key_P, Qt::ControlModifier);
+    else
+        fixture.button(u"Imprimer"_s)->click();
+
+    const auto* sheet = fixture.library.findChild<PrintOptionsView*>();
+    QVERIFY(sheet);
+    QVERIFY(sheet->isVisible());
+    QStringList texts;
+    for (const QLabel* label : sheet->findChildren<QLabel*>())
+        texts << label->text();
+    QVERIFY2(texts.contains(count), qPrintable(texts.join(u'|')));
+    QVERIFY2(texts.contains(u"Recherche : « petg »"_s), qPrintable(texts.join(u'|')));
 }
 
 void LibraryViewTest::deletingAsksFirst_data()
