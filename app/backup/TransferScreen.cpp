@@ -45,7 +45,6 @@ TransferScreen::TransferScreen(
     setTextTone(explanationLabel, TextTone::Secondary);
     m_buttons->setSpacing(8);
     m_status->setCentred();
-    m_status->setMinimumHeight(roomForStatus);
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(transferMargin, transferMargin, transferMargin, transferMargin);
@@ -63,7 +62,10 @@ TransferScreen::TransferScreen(
     buttonRow->addStretch(1);
     column->addLayout(buttonRow);
     column->addSpacing(22);
-    column->addWidget(m_status);
+    auto* statusRow = new QHBoxLayout;
+    statusRow->addStrut(roomForStatus);
+    statusRow->addWidget(m_status, 1, Qt::AlignTop);
+    column->addLayout(statusRow);
     column->addStretch(1);
 }
 

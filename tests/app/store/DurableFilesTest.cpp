@@ -1,0 +1,218 @@
+#include "app/store/DurableFiles.h"
+
+#include "app/store/UserFiles.h"
+#include "tests/app/store/OtherProcess.h"
+#include "tests/app/store/SmallDisk.h"
+#include "tests/app/store/StoreFixtures.h"
+#include "tests/support/TestMain.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace reelhouse;
+using namespace reelhouse::tests;
+using namespace Qt::StringLiterals;
+
+class DurableFilesTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void aFileIsWrittenWhole_data();
+    void aFileIsWrittenWhole();
+    void nothingElseIsLeftBehind();
+    void whatACrashLeftIsReplaced();
+    void onAFullDiskTheFormerFileStays_data();
+    void onAFullDiskTheFormerFileStays();
+    void aReadOnlyFolderIsLeftAlone();
+    void aKilledWriterLeavesOldOrNew();
+    void foldersAreMadeWithThoseAbove();
+    void whatIsNoFolderIsSaid();
+    void aFileOfTheUserIsOverwrittenInPlace();
+    void anOverwrittenFileThatDoesNotFitIsAFailure();
+
+private:
+    QString path() const { return m_folder->filePath(u"stock.json"_s); }
+    QStringList names() const
+    {
+        return QDir(m_folder->path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+namespace {
+
+QByteArray pattern(qsizetype size, char letter)
+{
+    return QByteArray(size, letter);
+}
+
+QStringList hiddenNames(const QString& folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+} // namespace
+
+void DurableFilesTest::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+}
+
+void DurableFilesTest::aFileIsWrittenWhole_data()
+{
+    QTest::addColumn<qsizetype>("size");
+
+    QTest::newRow("empty") << qsizetype(0);
+    QTest::newRow("small") << qsizetype(17);
+    QTest::newRow("large") << qsizetype(20'000'000);
+}
+
+void DurableFilesTest::aFileIsWrittenWhole()
+{
+    QFETCH(qsizetype, size);
+    writeBytes(path(), pattern(100, 'o'));
+
+    QCOMPARE(DurableFiles::write(path(), pattern(size, 'n')), std::nullopt);
+
+    QVERIFY(bytesOf(path()) == pattern(size, 'n'));
+}
+
+void DurableFilesTest::nothingElseIsLeftBehind()
+{
+    DurableFiles::write(path(), "a");
+    DurableFiles::write(path(), "b");
+
+    QCOMPARE(names(), QStringList{u"stock.json"_s});
+}
+
+void DurableFilesTest::whatACrashLeftIsReplaced()
+{
+    const QString leftOver = m_folder->filePath(u".Spoolwright.new"_s);
+    writeBytes(m_folder->filePath(u"ailleurs"_s), "à moi");
+    QCOMPARE(::symlink("ailleurs", QFile::encodeName(leftOver)), 0);
+
+    QCOMPARE(DurableFiles::write(path(), "neuf"), std::nullopt);
+
+    QCOMPARE(bytesOf(path()), "neuf"_ba);
+    QCOMPARE(bytesOf(m_folder->filePath(u"ailleurs"_s)), "à moi"_ba);
+    QCOMPARE(names(), (QStringList{u"ailleurs"_s, u"stock.json"_s}));
+}
+
+void DurableFilesTest::onAFullDiskTheFormerFileStays_data()
+{
+    QTest::addColumn<int>("kilobytes");
+
+    for (const int kilobytes : {12, 16, 64, 128, 292, 296, 300})
+        QTest::addRow("%d KiB", kilobytes) << kilobytes;
+}
+
+void DurableFilesTest::onAFullDiskTheFormerFileStays()
+{
+    QFETCH(int, kilobytes);
+    const auto answer = onSmallDisk(m_folder->path(), kilobytes, [&] {
+        DurableFiles::write(path(), pattern(5000, 'o'));
+        const auto error = DurableFiles::write(path(), pattern(300 * 1024, 'n'));
+        const bool isFormer = bytesOf(path()) == pattern(5000, 'o');
+        const bool fitsAgain = !DurableFiles::write(path(), "petit");
+        return QStringList{QString::number(error ? error->code : 0),
+            isFormer ? u"former"_s : u"changed"_s, fitsAgain ? u"fits"_s : u"does not fit"_s,
+            hiddenNames(m_folder->path()).join(u' ')};
+    });
+    if (!answer)
+        QSKIP("This system does not let the user mount a disk.");
+
+    QCOMPARE(
+        *answer, (QStringList{QString::number(ENOSPC), u"former"_s, u"fits"_s, u"stock.json"_s}));
+}
+
+void DurableFilesTest::aReadOnlyFolderIsLeftAlone()
+{
+    writeBytes(path(), "ancien");
+    const OrdinaryUser user(QFile::encodeName(m_folder->path()));
+    QFile folder(m_folder->path());
+    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+
+    const auto error = DurableFiles::write(path(), "neuf");
+
+    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(error, std::optional(SystemError{EACCES}));
+    QCOMPARE(bytesOf(path()), "ancien"_ba);
+    QCOMPARE(names(), QStringList{u"stock.json"_s});
+}
+
+void DurableFilesTest::aKilledWriterLeavesOldOrNew()
+{
+    constexpr qsizetype size = 3'000'000;
+    writeBytes(path(), pattern(size, 'o'));
+    const int wanted = qEnvironmentVariableIntValue("KILL_ROUNDS");
+    for (int round = 0; round < std::max(wanted, 12); ++round) {
+        OtherProcess other([&](const OtherProcess::Report& report) {
+            report();
+            for (char letter = 'a'; true; letter = letter == 'z' ? 'a' : char(letter + 1))
+                DurableFiles::write(path(), pattern(size, letter));
+        });
+        other.waitForReport();
+        ::usleep(unsigned(round) * 1700);
+        other.kill();
+
+        const QByteArray found = bytesOf(path());
+        QCOMPARE(found.size(), size);
+        QCOMPARE(found.count(found[0]), size);
+        QVERIFY(names().size() <= 2);
+    }
+}
+
+void DurableFilesTest::foldersAreMadeWithThoseAbove()
+{
+    const QString deep = m_folder->filePath(u"a/b/c"_s);
+
+    QCOMPARE(DurableFiles::makeFolder(deep), std::nullopt);
+    QCOMPARE(DurableFiles::makeFolder(deep), std::nullopt);
+
+    QVERIFY(QFileInfo(deep).isDir());
+}
+
+void DurableFilesTest::whatIsNoFolderIsSaid()
+{
+    writeBytes(path(), "un fichier");
+    QCOMPARE(::symlink("nulle-part", QFile::encodeName(m_folder->filePath(u"lien"_s))), 0);
+
+    QCOMPARE(DurableFiles::makeFolder(path()), std::optional(SystemError{ENOTDIR}));
+    QCOMPARE(DurableFiles::makeFolder(path() + u"/dedans"_s), std::optional(SystemError{ENOTDIR}));
+    QCOMPARE(DurableFiles::makeFolder(m_folder->filePath(u"lien"_s)),
+        std::optional(SystemError{ENOTDIR}));
+}
+
+void DurableFilesTest::aFileOfTheUserIsOverwrittenInPlace()
+{
+    writeBytes(m_folder->filePath(u"cible"_s), pattern(5000, 'o'));
+    QCOMPARE(::symlink("cible", QFile::encodeName(path())), 0);
+
+    QCOMPARE(UserFiles::overwrite(path(), "neuf"), std::nullopt);
+
+    QVERIFY(QFileInfo(path()).isSymLink());
+    QCOMPARE(bytesOf(m_folder->filePath(u"cible"_s)), "neuf"_ba);
+}
+
+void DurableFilesTest::anOverwrittenFileThatDoesNotFitIsAFailure()
+{
+    const auto answer = onSmallDisk(m_folder->path(), 64, [&] {
+        const auto error = UserFiles::overwrite(path(), pattern(300 * 1024, 'n'));
+        return QStringList{error ? error->description().section(u'(', 0, 0) : u"success"_s};
+    });
+    if (!answer)
+        QSKIP("This system does not let the user mount a disk.");
+
+    QCOMPARE(*answer, QStringList{u"Le disque est plein "_s});
+}
+
+REELHOUSE_TEST(DurableFilesTest)
+
+#include "DurableFilesTest.moc"
