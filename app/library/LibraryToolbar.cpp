@@ -42,8 +42,12 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     row->addSpacing(16);
     row->addWidget(add);
     row->addWidget(print);
-    row->addWidget(makeIconButton(u"gearshape"_s, u"Réglages"_s));
-    row->addWidget(makeIconButton(u"info.circle"_s, u"À propos de Spoolwright"_s));
+    QAbstractButton* settings = makeIconButton(u"gearshape"_s, u"Réglages"_s);
+    QAbstractButton* about = makeIconButton(u"info.circle"_s, u"À propos de Spoolwright"_s);
+    row->addWidget(settings);
+    row->addWidget(about);
+    connect(settings, &QAbstractButton::clicked, this, &LibraryToolbar::settingsRequested);
+    connect(about, &QAbstractButton::clicked, this, &LibraryToolbar::aboutRequested);
 }
 
 QAbstractButton* LibraryToolbar::makeIconButton(const QString& symbol, const QString& name)
@@ -54,7 +58,6 @@ QAbstractButton* LibraryToolbar::makeIconButton(const QString& symbol, const QSt
     button->setFixedSize(28, 32);
     button->setAccessibleName(name);
     button->setToolTip(name);
-    button->setEnabled(false);
     return button;
 }
 

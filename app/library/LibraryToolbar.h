@@ -16,6 +16,8 @@ public:
 signals:
     void additionRequested();
     void printRequested();
+    void settingsRequested();
+    void aboutRequested();
 
 private:
     QAbstractButton* makeIconButton(const QString& symbol, const QString& name);

@@ -84,6 +84,8 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
     listenToFilterBar();
     connect(
         toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
+    connect(toolbar, &LibraryToolbar::settingsRequested, this, &LibraryView::settingsRequested);
+    connect(toolbar, &LibraryToolbar::aboutRequested, this, &LibraryView::aboutRequested);
     addAction(m_actions->additionCommand());
     auto* print = new QAction(this);
     print->setShortcut(QKeySequence::Print);

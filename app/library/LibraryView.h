@@ -40,6 +40,8 @@ signals:
     /// The criteria may be others now.
     void criteriaChanged();
     void manageFavoritesRequested();
+    void settingsRequested();
+    void aboutRequested();
 
 protected:
     void showEvent(QShowEvent* event) override;

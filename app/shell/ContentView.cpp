@@ -65,8 +65,12 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences,
     m_sidebar->setSelection(m_selection);
     connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);
     connect(m_sidebar, &SidebarView::favoriteChosen, this, &ContentView::applyFavorite);
-    connect(m_sidebar, &SidebarView::manageFavoritesRequested, this, &ContentView::manageFavorites);
-    connect(m_library, &LibraryView::manageFavoritesRequested, this, &ContentView::manageFavorites);
+    connect(
+        m_sidebar, &SidebarView::manageFavoritesRequested, this, [this] { manageFavorites(this); });
+    connect(
+        m_library, &LibraryView::manageFavoritesRequested, this, [this] { manageFavorites(this); });
+    connect(m_library, &LibraryView::settingsRequested, this, &ContentView::settingsRequested);
+    connect(m_library, &LibraryView::aboutRequested, this, &ContentView::aboutRequested);
     connect(m_library, &LibraryView::criteriaChanged, this, &ContentView::showFavorites);
     connect(&favorites, &FilterFavoritesStore::changed, this, &ContentView::showFavorites);
     showFavorites();
@@ -84,11 +88,11 @@ void ContentView::applyFavorite(const FilterFavorite& favorite)
     showScreen(NavItem::Library);
 }
 
-void ContentView::manageFavorites()
+void ContentView::manageFavorites(QWidget* front)
 {
     if (findChild<FilterFavoritesManagementView*>())
         return;
-    auto* sheet = new FilterFavoritesManagementView(m_favorites, this);
+    auto* sheet = new FilterFavoritesManagementView(m_favorites, front);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
 }

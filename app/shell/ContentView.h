@@ -30,6 +30,12 @@ public:
     void performStartupBackupIfNeeded();
     void showScreen(NavItem item);
     NavItem selection() const { return m_selection; }
+    /// Opens the sheet of the favourites over `front`, the content or a sheet of it.
+    void manageFavorites(QWidget* front);
+
+signals:
+    void settingsRequested();
+    void aboutRequested();
 
 protected:
     /// Accepts one dropped document and begins its import.
@@ -40,7 +46,6 @@ private:
     QWidget* makeScreen(NavItem item);
     void showFavorites();
     void applyFavorite(const FilterFavorite& favorite);
-    void manageFavorites();
 
     StoreContainer& m_container;
     Preferences& m_preferences;

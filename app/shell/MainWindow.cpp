@@ -33,7 +33,7 @@ void MainWindow::makeMenuBar()
     QMenu* application = menuBar()->addMenu(u"Spoolwright"_s);
     QAction* about = application->addAction(u"À propos de Reelhouse"_s);
     about->setMenuRole(QAction::AboutRole);
-    about->setEnabled(false);
+    connect(about, &QAction::triggered, this, &MainWindow::aboutRequested);
     application->addSeparator();
     QAction* quit = application->addAction(
         u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &MainWindow::quitRequested);

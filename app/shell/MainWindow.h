@@ -27,6 +27,8 @@ public:
     QMenu& editMenu() { return *m_editMenu; }
 
 signals:
+    void aboutRequested();
+    void settingsRequested();
     /// The user wants the program to end.
     void quitRequested();
 

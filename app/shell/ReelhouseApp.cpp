@@ -1,6 +1,9 @@
 #include "app/shell/ReelhouseApp.h"
 
+#include "app/shell/AboutView.h"
 #include "app/shell/ContentView.h"
+#include "app/shell/FileBrowser.h"
+#include "app/shell/SettingsView.h"
 #include "app/shell/SingleInstance.h"
 #include "app/shell/UndoCommands.h"
 #include "app/store/StoreContainer.h"
@@ -8,6 +11,7 @@
 #include "app/store/StoreLoadingView.h"
 #include "app/ui/Symbol.h"
 #include "core/model/StoreContext.h"
+#include "core/product/Product.h"
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
@@ -40,6 +44,7 @@ ReelhouseApp::ReelhouseApp(
         &AppDelegate::presentStoreError);
     connect(&instance, &SingleInstance::raiseRequested, &m_delegate,
         &AppDelegate::applicationShouldHandleReopen);
+    connect(&m_window, &MainWindow::aboutRequested, this, &ReelhouseApp::showAbout);
     connect(&m_signals, &UnixSignals::terminationRequested, &m_delegate, &AppDelegate::terminate);
 }
 
@@ -71,6 +76,9 @@ void ReelhouseApp::showContent(StoreContainer& container)
 {
     auto* content = new ContentView(container, m_preferences, m_favorites);
     content->performStartupBackupIfNeeded();
+    connect(content, &ContentView::aboutRequested, this, &ReelhouseApp::showAbout);
+    connect(content, &ContentView::settingsRequested, this,
+        [this, &container, content] { showSettings(container, *content); });
     new UndoCommands(container.context(), m_window.editMenu(), content);
     m_window.showScreen(content);
 }
@@ -81,6 +89,31 @@ void ReelhouseApp::showFailure(const QString& message)
     connect(screen, &StoreFailedView::openDataFolderRequested, &m_delegate,
         &AppDelegate::openDataFolder);
     m_window.showScreen(screen);
+}
+
+void ReelhouseApp::showAbout()
+{
+    auto* sheet = new AboutView(Product::ofThisBuild(), &m_window);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
+}
+
+void ReelhouseApp::showSettings(StoreContainer& container, ContentView& content)
+{
+    const SettingsView::Desktop desktop{
+        .openFolder = &FileBrowser::openFolder,
+        .showFile =
+            [](const QString& file) {
+                FileBrowser::showFile(
+                    file, ThemeService::runningSessionBus(), &FileBrowser::openFolder);
+            },
+    };
+    auto* sheet
+        = new SettingsView(container, m_preferences, Product::ofThisBuild(), desktop, &content);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &SettingsView::manageFavoritesRequested, &content,
+        [&content, sheet] { content.manageFavorites(sheet); });
+    sheet->open();
 }
 
 } // namespace reelhouse

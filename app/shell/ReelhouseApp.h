@@ -11,6 +11,7 @@
 
 namespace reelhouse {
 
+class ContentView;
 class SingleInstance;
 
 /// The composition root: makes every service once, hands them down, and chooses the screen that the
@@ -31,6 +32,8 @@ private:
     void showScreen();
     void showContent(StoreContainer& container);
     void showFailure(const QString& message);
+    void showAbout();
+    void showSettings(StoreContainer& container, ContentView& content);
 
     Preferences m_preferences;
     FilterFavoritesStore m_favorites;

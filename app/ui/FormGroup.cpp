@@ -47,6 +47,16 @@ void FormGroup::addRow(QLabel* label, QWidget* control)
     addRowOf(label, nullptr, control, Qt::AlignVCenter);
 }
 
+void FormGroup::addRow(QWidget* content)
+{
+    auto* row = new QWidget(this);
+    row->setMinimumHeight(leastRowHeight);
+    auto* line = new QHBoxLayout(row);
+    line->setContentsMargins(groupRowMargins);
+    line->addWidget(content);
+    m_column->addWidget(row);
+}
+
 QLabel* FormGroup::addTallRow(const QString& label, QWidget* control)
 {
     auto* front = new QLabel(label, this);

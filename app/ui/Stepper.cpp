@@ -94,6 +94,12 @@ Stepper::Stepper(const QString& title, QWidget* parent)
     showNumber();
 }
 
+void Stepper::setSuffix(const QString& suffix)
+{
+    m_suffix = suffix;
+    showNumber();
+}
+
 void Stepper::setValue(qint64 value)
 {
     m_typed.reset();
@@ -158,7 +164,7 @@ void Stepper::finishTyping()
 
 void Stepper::showNumber()
 {
-    m_label->setText(m_title + QString::number(m_typed.value_or(m_value)));
+    m_label->setText(m_title + QString::number(m_typed.value_or(m_value)) + m_suffix);
     update();
 }
 

@@ -20,6 +20,9 @@ public:
     /// `title` is what the label says before the number, "Nombre de bobines: ".
     explicit Stepper(const QString& title, QWidget* parent = nullptr);
 
+    /// What the label says after the number, " dernières sauvegardes".
+    void setSuffix(const QString& suffix);
+
     QLabel* label() const { return m_label; }
     qint64 value() const { return m_value; }
     /// Shows another number. Emits nothing.
@@ -66,6 +69,7 @@ private:
     void paintButton(QPainter& painter, Button button) const;
 
     QString m_title;
+    QString m_suffix;
     QLabel* m_label;
     qint64 m_value = 0;
     qint64 m_minimum = 0;

@@ -12,6 +12,7 @@
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTemporaryDir>
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
@@ -35,9 +36,9 @@ private slots:
     void theFilterIsSavedAndUpdatedFromTheStar();
     void controlFGoesToTheSearch();
     void anEditIsShownWithTheNextTurn();
-    void buttonsWithoutTheirSheetAreDisabledWithTheirHelp();
     void printingIsOfferedForWhatIsShown_data();
     void printingIsOfferedForWhatIsShown();
+    void settingsAndAboutAreAskedFor();
     void deletingAsksFirst_data();
     void deletingAsksFirst();
 };
@@ -258,19 +259,6 @@ void LibraryViewTest::anEditIsShownWithTheNextTurn()
     QVERIFY(fixture.shownTexts().contains(u"7 filaments"_s));
 }
 
-void LibraryViewTest::buttonsWithoutTheirSheetAreDisabledWithTheirHelp()
-{
-    const LibraryViewFixture fixture(StoreKind::File);
-    const std::pair<QString, QString> helps[]{
-        {u"À propos de Spoolwright"_s, u"À propos de Spoolwright"_s}};
-
-    for (const auto& [name, help] : helps) {
-        QVERIFY(fixture.button(name));
-        QVERIFY(!fixture.button(name)->isEnabled());
-        QCOMPARE(fixture.button(name)->toolTip(), help);
-    }
-}
-
 void LibraryViewTest::printingIsOfferedForWhatIsShown_data()
 {
     QTest::addColumn<bool>("byKey");
@@ -300,6 +288,22 @@ void LibraryViewTest::printingIsOfferedForWhatIsShown()
         texts << label->text();
     QVERIFY2(texts.contains(count), qPrintable(texts.join(u'|')));
     QVERIFY2(texts.contains(u"Recherche : « petg »"_s), qPrintable(texts.join(u'|')));
+}
+
+void LibraryViewTest::settingsAndAboutAreAskedFor()
+{
+    const LibraryViewFixture fixture(StoreKind::File);
+    QSignalSpy settings(&fixture.library, &LibraryView::settingsRequested);
+    QSignalSpy about(&fixture.library, &LibraryView::aboutRequested);
+    QAbstractButton* settingsButton = fixture.button(u"Réglages"_s);
+    QAbstractButton* aboutButton = fixture.button(u"À propos de Spoolwright"_s);
+    QCOMPARE(settingsButton->toolTip(), u"Réglages"_s);
+    QCOMPARE(aboutButton->toolTip(), u"À propos de Spoolwright"_s);
+
+    settingsButton->click();
+    QCOMPARE(settings.count(), 1);
+    aboutButton->click();
+    QCOMPARE(about.count(), 1);
 }
 
 void LibraryViewTest::deletingAsksFirst_data()

@@ -1,0 +1,79 @@
+#include "app/shell/BackupReport.h"
+
+#include "app/ui/IconView.h"
+#include "app/ui/Palette.h"
+#include "app/ui/Symbol.h"
+#include "app/ui/TextStyle.h"
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+constexpr int reportIconSide = 13;
+constexpr int widestReport = 300;
+
+struct ReportLook {
+    QString symbol;
+    ColorRole color;
+    TextTone tone;
+};
+
+ReportLook reportLook(BackupOutcome outcome)
+{
+    switch (outcome) {
+    case BackupOutcome::Done:
+        return {u"checkmark.circle.fill"_s, &Theme::green, TextTone::Green};
+    case BackupOutcome::Skipped:
+        return {u"exclamationmark.triangle.fill"_s, &Theme::orange, TextTone::Orange};
+    case BackupOutcome::Failed:
+        return {u"exclamationmark.triangle.fill"_s, &Theme::red, TextTone::Red};
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+BackupReport::BackupReport(QWidget* parent)
+    : QWidget(parent)
+    , m_icon(new IconView(QIcon(), reportIconSide, this))
+    , m_label(new QLabel(this))
+{
+    setTextStyle(m_label, TextStyle::Caption);
+    m_label->setTextFormat(Qt::PlainText);
+    m_label->setWordWrap(true);
+    m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(6);
+    row->addWidget(m_icon);
+    row->addWidget(m_label);
+    m_icon->hide();
+    m_label->hide();
+}
+
+void BackupReport::showMessage(BackupOutcome outcome, const QString& text)
+{
+    const ReportLook look = reportLook(outcome);
+    m_icon->setIcon(symbolIcon(look.symbol, look.color));
+    setTextTone(m_label, look.tone);
+    m_label->setText(text);
+    m_label->setFixedWidth(
+        std::min(widestReport, m_label->fontMetrics().horizontalAdvance(text) + 2));
+    m_icon->show();
+    m_label->show();
+    QAccessibleEvent event(m_label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+QString BackupReport::text() const
+{
+    return m_label->text();
+}
+
+} // namespace reelhouse

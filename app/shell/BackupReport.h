@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtWidgets/QWidget>
+
+class QLabel;
+
+namespace reelhouse {
+
+class IconView;
+
+enum class BackupOutcome : quint8 { Done, Skipped, Failed };
+
+/// How the last command on the backups ended, in the line of a form: an icon and a sentence at the
+/// right, which wraps. Empty at first.
+class BackupReport final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit BackupReport(QWidget* parent = nullptr);
+
+    void showMessage(BackupOutcome outcome, const QString& text);
+    QString text() const;
+
+private:
+    IconView* m_icon;
+    QLabel* m_label;
+};
+
+} // namespace reelhouse
