@@ -70,7 +70,24 @@ QProcessEnvironment TestHome::environment(const QString& display) const
     environment.insert(u"DISPLAY"_s, display);
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     environment.insert(u"TZ"_s, u"Europe/Paris"_s);
+    if (m_isDark) {
+        environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+        environment.insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
+    }
     return environment;
+}
+
+void TestHome::darken()
+{
+    // Qt reads the colours of this desktop from a file, without any of its programs installed.
+    QDir().mkpath(path(u".config"_s));
+    QFile colors(path(u".config/kdeglobals"_s));
+    if (!colors.open(QFile::WriteOnly)
+        || colors.write("[Colors:Button]\nBackgroundNormal=49,49,54\n"
+                        "[Colors:Window]\nBackgroundNormal=30,30,34\n")
+            < 0)
+        qFatal("No colours for the desktop.");
+    m_isDark = true;
 }
 
 QString TestHome::dataFolder() const

@@ -17,6 +17,9 @@ public:
     /// The environment of a program of this user on `display`; nothing of the real user's is left.
     QProcessEnvironment environment(const QString& display) const;
 
+    /// Makes the desktop of this user a dark one, for programs started from now on.
+    void darken();
+
     QString dataFolder() const;
     QString storeFile() const;
     QString preferencesFile() const;
@@ -41,6 +44,7 @@ private:
     QString path(const QString& relative) const;
 
     QTemporaryDir m_folder;
+    bool m_isDark = false;
 };
 
 } // namespace reelhouse::tests
