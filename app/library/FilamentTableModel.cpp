@@ -63,11 +63,23 @@ QString spokenText(const Filament& filament, int column)
     Q_UNREACHABLE();
 }
 
+/// Everything that a card shows.
+QString spokenCard(const Filament& filament)
+{
+    QStringList texts;
+    for (const auto column : {FilamentTableModel::Product, FilamentTableModel::ColorName,
+             FilamentTableModel::Spools, FilamentTableModel::Place, FilamentTableModel::Notes})
+        texts << spokenText(filament, column);
+    texts.removeAll(QString());
+    return texts.join(u", "_s);
+}
+
 } // namespace
 
-FilamentTableModel::FilamentTableModel(StoreContext& context, QObject* parent)
+FilamentTableModel::FilamentTableModel(StoreContext& context, Shape shape, QObject* parent)
     : QAbstractTableModel(parent)
     , m_context(context)
+    , m_shape(shape)
 {
 }
 
@@ -75,7 +87,7 @@ void FilamentTableModel::setRows(std::vector<FilamentId> rows)
 {
     if (rows == m_rows) {
         if (!m_rows.empty())
-            emit dataChanged(index(0, 0), index(int(m_rows.size()) - 1, columns - 1));
+            emit dataChanged(index(0, 0), index(int(m_rows.size()) - 1, columnCount() - 1));
         return;
     }
     beginResetModel();
@@ -106,7 +118,9 @@ int FilamentTableModel::rowCount(const QModelIndex& parent) const
 
 int FilamentTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : columns;
+    if (parent.isValid())
+        return 0;
+    return m_shape == Shape::Table ? columns : 1;
 }
 
 QVariant FilamentTableModel::data(const QModelIndex& index, int role) const
@@ -116,8 +130,9 @@ QVariant FilamentTableModel::data(const QModelIndex& index, int role) const
     const Filament* filament = filamentAt(index.row());
     if (!filament)
         return {};
-    return role == Qt::DisplayRole ? displayText(*filament, index.column())
-                                   : spokenText(*filament, index.column());
+    if (role == Qt::DisplayRole)
+        return displayText(*filament, index.column());
+    return m_shape == Shape::Table ? spokenText(*filament, index.column()) : spokenCard(*filament);
 }
 
 QVariant FilamentTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -18,8 +18,10 @@ class FilamentTableModel final : public QAbstractTableModel {
 
 public:
     enum Column : quint8 { Product, Spools, Place, ColorName, Notes };
+    /// A table has every column; cards have the first one only, which then speaks for all.
+    enum class Shape : quint8 { Table, Cards };
 
-    FilamentTableModel(StoreContext& context, QObject* parent);
+    FilamentTableModel(StoreContext& context, Shape shape, QObject* parent);
 
     /// Shows these filaments, in this order. The same rows again only announce that values changed.
     void setRows(std::vector<FilamentId> rows);
@@ -36,6 +38,7 @@ public:
 
 private:
     StoreContext& m_context;
+    Shape m_shape;
     std::vector<FilamentId> m_rows;
 };
 

@@ -15,14 +15,17 @@ namespace reelhouse {
 
 LibraryToolbar::LibraryToolbar(QWidget* parent)
     : QWidget(parent)
+    , m_modes(nullptr)
 {
     auto* title = new QLabel(u"Stock de filaments"_s, this);
     setTextStyle(title, TextStyle::ScreenTitle);
 
-    auto* modes = new SegmentedPicker({{u"view.list"_s, u"Liste"_s}, {u"view.cards"_s, u"Cartes"_s},
-                                          {u"view.statistics"_s, u"Stats"_s}},
+    m_modes = new SegmentedPicker({{u"view.list"_s, viewModeTitle(ViewMode::List)},
+                                      {u"view.cards"_s, viewModeTitle(ViewMode::Cards)},
+                                      {u"view.statistics"_s, viewModeTitle(ViewMode::Stats)}},
         this);
-    modes->setEnabled(false);
+    connect(m_modes, &SegmentedPicker::selectionChosen, this,
+        [this](int index) { emit viewModeChosen(ViewMode(index)); });
 
     auto* add = new QPushButton(symbolIcon(u"plus"_s, &Theme::onAccent), u"Ajouter"_s, this);
     setButtonLook(add, ButtonLook::Default);
@@ -38,7 +41,7 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     row->setSpacing(8);
     row->addWidget(title);
     row->addStretch();
-    row->addWidget(modes);
+    row->addWidget(m_modes);
     row->addSpacing(16);
     row->addWidget(add);
     row->addWidget(print);
@@ -48,6 +51,11 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     row->addWidget(about);
     connect(settings, &QAbstractButton::clicked, this, &LibraryToolbar::settingsRequested);
     connect(about, &QAbstractButton::clicked, this, &LibraryToolbar::aboutRequested);
+}
+
+void LibraryToolbar::setViewMode(ViewMode mode)
+{
+    m_modes->setSelection(int(mode));
 }
 
 QAbstractButton* LibraryToolbar::makeIconButton(const QString& symbol, const QString& name)

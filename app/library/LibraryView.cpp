@@ -1,5 +1,6 @@
 #include "app/library/LibraryView.h"
 
+#include "app/library/CardView.h"
 #include "app/library/FilamentSheets.h"
 #include "app/library/FilterBarView.h"
 #include "app/library/FilterFavoriteSaveView.h"
@@ -7,6 +8,7 @@
 #include "app/library/LibraryToolbar.h"
 #include "app/library/ListView.h"
 #include "app/library/SpoolActions.h"
+#include "app/library/StatisticsView.h"
 #include "app/library/StatusBarView.h"
 #include "app/printing/PrintOptionsView.h"
 #include "app/store/StoreContainer.h"
@@ -17,8 +19,10 @@
 #include "app/ui/Symbol.h"
 #include "core/filters/FilteredStock.h"
 #include "core/filters/SelectionCriteria.h"
+#include "core/filters/StockDistribution.h"
 #include "core/filters/StockTotals.h"
 #include "core/model/StoreContext.h"
+#include "core/preferences/Preferences.h"
 #include "core/sample/SampleData.h"
 #include "core/text/Plural.h"
 
@@ -38,10 +42,48 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
     , m_preferences(preferences)
     , m_favorites(favorites)
     , m_actions(new SpoolActions(container.context(), this))
-    , m_filterBar(new FilterBarView(container.context(), favorites))
-    , m_body(new QStackedWidget)
+    , m_toolbar(new LibraryToolbar(this)) // In reading order, which assistive technology keeps.
+    , m_filterBar(new FilterBarView(container.context(), favorites, this))
+    , m_filterBarLine(new Separator(this))
+    , m_body(new QStackedWidget(this))
     , m_list(new ListView(container.context(), *m_actions))
-    , m_statusBar(new StatusBarView)
+    , m_cards(new CardView(container.context(), *m_actions))
+    , m_statistics(new StatisticsView)
+    , m_emptyStock(nullptr)
+    , m_noResult(nullptr)
+    , m_statusBar(new StatusBarView(this))
+{
+    makeEmptyStates();
+    setGround(m_body, Ground::List);
+    for (QWidget* body :
+        std::initializer_list<QWidget*>{m_list, m_cards, m_statistics, m_emptyStock, m_noResult})
+        m_body->addWidget(body);
+
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_toolbar);
+    column->addWidget(new Separator(this));
+    column->addWidget(m_filterBar);
+    column->addWidget(m_filterBarLine);
+    column->addWidget(m_body, 1);
+    column->addWidget(new Separator(this));
+    column->addWidget(m_statusBar);
+
+    listenToFilterBar();
+    addKeys();
+    connect(m_toolbar, &LibraryToolbar::viewModeChosen, this, &LibraryView::setViewMode);
+    connect(
+        m_toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
+    connect(m_toolbar, &LibraryToolbar::settingsRequested, this, &LibraryView::settingsRequested);
+    connect(m_toolbar, &LibraryToolbar::aboutRequested, this, &LibraryView::aboutRequested);
+    connect(m_toolbar, &LibraryToolbar::printRequested, this, &LibraryView::showPrintOptions);
+    connect(m_statistics, &StatisticsView::groupChosen, this, &LibraryView::showGroup);
+    new FilamentSheets(container.context(), *m_actions, this);
+    connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
+}
+
+void LibraryView::makeEmptyStates()
 {
     auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), u"Ajouter un filament"_s);
     connect(addFirst, &QPushButton::clicked, m_actions, &SpoolActions::additionRequested);
@@ -51,49 +93,31 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
 
     auto* clear = new QPushButton(u"Effacer"_s);
     setButtonLook(clear, ButtonLook::Link);
-    auto* noResult = new EmptyState(u"magnifyingglass"_s, counted(0, u"résultat"_s));
-    noResult->setButton(clear);
-    m_noResult = noResult;
-
-    setGround(m_body, Ground::List);
-    m_body->addWidget(m_list);
-    m_body->addWidget(m_emptyStock);
-    m_body->addWidget(m_noResult);
-
-    // Children come into being in reading order: that is the order assistive technology reads.
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    auto* toolbar = new LibraryToolbar(this);
-    column->addWidget(toolbar);
-    column->addWidget(new Separator(this));
-    column->addWidget(m_filterBar);
-    column->addWidget(new Separator(this));
-    column->addWidget(m_body, 1);
-    column->addWidget(new Separator(this));
-    column->addWidget(m_statusBar);
-
-    auto* focusSearch = new QAction(this);
-    focusSearch->setShortcut(QKeySequence::Find);
-    addAction(focusSearch);
-    connect(focusSearch, &QAction::triggered, m_filterBar, &FilterBarView::focusSearch);
     connect(clear, &QPushButton::clicked, this, [this] {
         m_filterBar->focusSearch();
         resetFilters();
     });
-    listenToFilterBar();
-    connect(
-        toolbar, &LibraryToolbar::additionRequested, m_actions, &SpoolActions::additionRequested);
-    connect(toolbar, &LibraryToolbar::settingsRequested, this, &LibraryView::settingsRequested);
-    connect(toolbar, &LibraryToolbar::aboutRequested, this, &LibraryView::aboutRequested);
+    auto* noResult = new EmptyState(u"magnifyingglass"_s, counted(0, u"résultat"_s));
+    noResult->setButton(clear);
+    m_noResult = noResult;
+}
+
+void LibraryView::addKeys()
+{
     addAction(m_actions->additionCommand());
-    auto* print = new QAction(this);
-    print->setShortcut(QKeySequence::Print);
-    addAction(print);
-    connect(print, &QAction::triggered, this, &LibraryView::showPrintOptions);
-    connect(toolbar, &LibraryToolbar::printRequested, this, &LibraryView::showPrintOptions);
-    new FilamentSheets(container.context(), *m_actions, this);
-    connect(&container.context(), &StoreContext::changed, this, &LibraryView::refreshWhenShown);
+    addKey(QKeySequence::Find, [this] { focusSearch(); });
+    addKey(QKeySequence::Print, [this] { showPrintOptions(); });
+    addKey(Qt::CTRL | Qt::Key_1, [this] { setViewMode(ViewMode::List); });
+    addKey(Qt::CTRL | Qt::Key_2, [this] { setViewMode(ViewMode::Cards); });
+    addKey(Qt::CTRL | Qt::Key_3, [this] { setViewMode(ViewMode::Stats); });
+}
+
+void LibraryView::addKey(const QKeySequence& key, const std::function<void()>& action)
+{
+    auto* command = new QAction(this);
+    command->setShortcut(key);
+    addAction(command);
+    connect(command, &QAction::triggered, this, action);
 }
 
 void LibraryView::listenToFilterBar()
@@ -113,6 +137,8 @@ void LibraryView::listenToFilterBar()
 void LibraryView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    if (!event->spontaneous()) // Else only the window came back.
+        restoreViewMode();
     applyPendingFavoriteIfNeeded();
     seedOnce();
     if (m_isStale)
@@ -145,16 +171,79 @@ void LibraryView::refresh()
 {
     m_isStale = false;
     StoreContext& context = m_container.context();
-    std::vector<FilamentId> filaments = filteredStock(context, m_selection);
+    const StockTotals totals = stockTotals(context);
+    m_statusBar->setTotals(totals);
+    if (m_viewMode == ViewMode::Stats)
+        m_statistics->setStock(totals, stockDistribution(context));
+    else
+        showFiltered();
+    showBody();
+    emit criteriaChanged();
+}
+
+void LibraryView::showFiltered()
+{
+    std::vector<FilamentId> filaments = filteredStock(m_container.context(), m_selection);
     m_filterBar->setSelection(m_selection);
     m_filterBar->setResultCount(qsizetype(filaments.size()));
-    if (!filaments.empty())
-        m_body->setCurrentWidget(m_list);
+    m_hasResult = !filaments.empty();
+    if (m_viewMode == ViewMode::Cards)
+        m_cards->grid().showRows(std::move(filaments));
     else
-        m_body->setCurrentWidget(context.count<Filament>() == 0 ? m_emptyStock : m_noResult);
-    m_list->showRows(std::move(filaments));
-    m_statusBar->setTotals(stockTotals(context));
-    emit criteriaChanged();
+        m_list->showRows(std::move(filaments));
+}
+
+void LibraryView::showBody()
+{
+    const bool isFiltered = m_viewMode != ViewMode::Stats;
+    m_filterBar->setVisible(isFiltered);
+    m_filterBarLine->setVisible(isFiltered);
+    if (!isFiltered)
+        m_body->setCurrentWidget(m_statistics);
+    else if (!m_hasResult)
+        m_body->setCurrentWidget(
+            m_container.context().count<Filament>() == 0 ? m_emptyStock : m_noResult);
+    else if (m_viewMode == ViewMode::Cards)
+        m_body->setCurrentWidget(m_cards);
+    else
+        m_body->setCurrentWidget(m_list);
+}
+
+SelectedFilament* LibraryView::selectedFilament() const
+{
+    switch (m_viewMode) {
+    case ViewMode::List:
+        return &m_list->selection();
+    case ViewMode::Cards:
+        return &m_cards->grid().selection();
+    case ViewMode::Stats:
+        return nullptr;
+    }
+    Q_UNREACHABLE();
+}
+
+void LibraryView::restoreViewMode()
+{
+    if (!m_preferences.rememberWindowState())
+        return;
+    if (const auto mode = viewModeFrom(m_preferences.viewMode()))
+        setViewMode(*mode);
+}
+
+void LibraryView::setViewMode(ViewMode mode)
+{
+    m_toolbar->setViewMode(mode);
+    if (mode == m_viewMode)
+        return;
+    if (const SelectedFilament* former = selectedFilament())
+        m_selectedFilament = former->id();
+    m_viewMode = mode;
+    if (m_preferences.rememberWindowState() && m_preferences.viewMode() != viewModeTitle(mode))
+        m_preferences.setViewMode(viewModeTitle(mode));
+    m_actions->setTarget({});
+    refresh();
+    if (SelectedFilament* selected = selectedFilament())
+        selected->select(m_selectedFilament);
 }
 
 FilterCriteria LibraryView::currentCriteria() const
@@ -175,6 +264,8 @@ void LibraryView::resetFilters()
 
 void LibraryView::applyFavorite(const FilterFavorite& favorite)
 {
+    if (m_viewMode == ViewMode::Stats)
+        setViewMode(ViewMode::List);
     setSelection(selectionOf(m_container.context(), favorite.criteria));
 }
 
@@ -183,6 +274,19 @@ void LibraryView::setPendingFavorite(const FilterFavorite& favorite)
     m_pendingFavorite = favorite;
     if (isVisible())
         applyPendingFavoriteIfNeeded();
+}
+
+void LibraryView::showGroup(const FilterSelection& selection)
+{
+    setViewMode(ViewMode::List);
+    setSelection(selection);
+}
+
+void LibraryView::focusSearch()
+{
+    if (m_viewMode == ViewMode::Stats)
+        setViewMode(ViewMode::List);
+    m_filterBar->focusSearch();
 }
 
 void LibraryView::saveFavorite()

@@ -7,8 +7,6 @@
 
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
-#include <QtWidgets/QMenu>
-#include <QtWidgets/QScrollBar>
 
 #include <array>
 #include <numeric>
@@ -73,10 +71,12 @@ std::vector<int> listColumnWidths(int available)
 ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent)
     : QTableView(parent)
     , m_actions(actions)
-    , m_model(new FilamentTableModel(context, this))
+    , m_model(new FilamentTableModel(context, FilamentTableModel::Shape::Table, this))
+    , m_selected(nullptr)
 {
     setAccessibleName(u"Stock de filaments"_s);
     setModel(m_model);
+    m_selected = new SelectedFilament(*this, *m_model, actions);
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
@@ -101,37 +101,7 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     connect(delegate, &FilamentRowDelegate::removeSpoolRequested, this,
         [this](const QModelIndex& index) { m_actions.removeSpool(m_model->idAt(index.row())); });
     addActions(m_actions.commands());
-    connect(this, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
-        emit m_actions.detailRequested(m_model->idAt(index.row()));
-    });
-    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
-        [this] { m_actions.setTarget(selectedFilament()); });
     updateMetrics();
-}
-
-void ListView::showRows(std::vector<FilamentId> rows)
-{
-    const FilamentId selected = selectedFilament();
-    const int column = std::max(0, currentIndex().column());
-    const int scrolled = verticalScrollBar()->value();
-    m_model->setRows(std::move(rows));
-    if (selectedFilament() == selected) {
-        m_actions.setTarget(selected);
-        return;
-    }
-    const int row = m_model->rowOf(selected);
-    if (row >= 0) {
-        selectionModel()->setCurrentIndex(m_model->index(row, column),
-            QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    }
-    verticalScrollBar()->setValue(scrolled);
-    m_actions.setTarget(selectedFilament());
-}
-
-FilamentId ListView::selectedFilament() const
-{
-    const QModelIndexList selected = selectionModel()->selectedRows();
-    return selected.isEmpty() ? FilamentId{} : m_model->idAt(selected.first().row());
 }
 
 void ListView::changeEvent(QEvent* event)
@@ -216,17 +186,7 @@ void ListView::followPointer(QPoint position)
 
 void ListView::contextMenuEvent(QContextMenuEvent* event)
 {
-    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index
-        = isByKeyboard ? currentIndex() : indexAt(viewport()->mapFromGlobal(event->globalPos()));
-    if (!index.isValid())
-        return;
-    selectRow(index.row());
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    m_actions.addTo(*menu);
-    menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
-                             : event->globalPos());
+    m_selected->openMenu(*event);
 }
 
 } // namespace reelhouse

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/model/EntityId.h"
+#include "app/library/SelectedFilament.h"
 
 #include <QtWidgets/QTableView>
 
@@ -22,9 +22,10 @@ public:
     ListView(StoreContext& context, SpoolActions& actions, QWidget* parent = nullptr);
 
     /// Shows these filaments, in this order; called again after every change of the stock.
-    void showRows(std::vector<FilamentId> rows);
+    void showRows(std::vector<FilamentId> rows) { m_selected->showRows(std::move(rows)); }
+    SelectedFilament& selection() { return *m_selected; }
     /// The selected filament, or nothing.
-    FilamentId selectedFilament() const;
+    FilamentId selectedFilament() const { return m_selected->shownId(); }
 
     /// The row under the pointer, or -1.
     int hoveredRow() const { return m_hoveredRow; }
@@ -48,6 +49,7 @@ private:
 
     SpoolActions& m_actions;
     FilamentTableModel* m_model;
+    SelectedFilament* m_selected;
     int m_hoveredRow = -1;
     QPoint m_pointerPosition{-1, -1};
 };

@@ -36,7 +36,7 @@ QStringList spokenRow(const FilamentTableModel& model, int row)
 void FilamentTableModelTest::headersNameTheColumns()
 {
     const auto stock = tests::makeMemoryStock();
-    const FilamentTableModel model(stock->context(), nullptr);
+    const FilamentTableModel model(stock->context(), FilamentTableModel::Shape::Table, nullptr);
 
     QStringList headers;
     for (int column = 0; column < model.columnCount(); ++column)
@@ -83,7 +83,7 @@ void FilamentTableModelTest::cellsSpeakForWhatIsPainted()
         hasReferences ? &type : nullptr, hasReferences ? &brand : nullptr,
         hasReferences ? &range : nullptr, hasReferences ? &location : nullptr, spools, opened,
         u"#E53935"_s, u"Rouge"_s, u"Neuf"_s));
-    FilamentTableModel model(context, nullptr);
+    FilamentTableModel model(context, FilamentTableModel::Shape::Table, nullptr);
     const QAbstractItemModelTester tester(&model);
 
     model.setRows({filament.id()});
@@ -97,7 +97,7 @@ void FilamentTableModelTest::aRowWhoseFilamentIsGoneIsEmpty()
     StoreContext& context = stock->context();
     auto& filament = context.insert(std::make_unique<Filament>(
         nullptr, nullptr, nullptr, nullptr, 1, 0, u"#000000"_s, u"Noir"_s, QString()));
-    FilamentTableModel model(context, nullptr);
+    FilamentTableModel model(context, FilamentTableModel::Shape::Table, nullptr);
     model.setRows({filament.id()});
 
     context.remove(filament);
@@ -113,7 +113,7 @@ void FilamentTableModelTest::theSameRowsOnlyAnnounceNewValues()
     StoreContext& context = stock->context();
     auto& filament = context.insert(std::make_unique<Filament>(
         nullptr, nullptr, nullptr, nullptr, 1, 0, u"#000000"_s, u"Noir"_s, QString()));
-    FilamentTableModel model(context, nullptr);
+    FilamentTableModel model(context, FilamentTableModel::Shape::Table, nullptr);
     model.setRows({filament.id()});
     QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
     QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QtWidgets/QPushButton>
+
+namespace reelhouse {
+
+/// "Ajouter un filament" in a dashed frame of the size of a card.
+class AddCardButton final : public QPushButton {
+    Q_OBJECT
+
+public:
+    explicit AddCardButton(QWidget* parent);
+
+signals:
+    /// The focus came here, and not by the mouse.
+    void focused();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+
+} // namespace reelhouse
