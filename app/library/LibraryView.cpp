@@ -23,6 +23,7 @@
 #include "core/filters/StockTotals.h"
 #include "core/model/StoreContext.h"
 #include "core/preferences/Preferences.h"
+#include "core/product/Product.h"
 #include "core/sample/SampleData.h"
 #include "core/text/Plural.h"
 
@@ -301,7 +302,7 @@ void LibraryView::showPrintOptions()
     StoreContext& context = m_container.context();
     auto* sheet = new PrintOptionsView(context,
         {filteredStock(context, m_selection), currentCriteria().summary().value_or(QString()),
-            {u"Spoolwright"_s, {}, {}, {}, {}}},
+            Product::ofThisBuild()},
         this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();

@@ -11,6 +11,7 @@ namespace reelhouse {
 namespace {
 
 constexpr auto reportTitle = "Stock de filaments";
+constexpr auto creatorName = "Spoolwright";
 constexpr auto dublinCore = "http://purl.org/dc/elements/1.1/";
 constexpr auto rdfSyntax = "http://www.w3.org/1999/02/22-rdf-syntax-ns#";
 constexpr auto xmpBasic = "http://ns.adobe.com/xap/1.0/";
@@ -31,7 +32,7 @@ void writeListed(QXmlStreamWriter& xml, const QString& property, const QString& 
 }
 
 /// What the document says of itself: the information dictionary has no place for a language.
-QByteArray makeXmpPacket(const ProductFacts& product)
+QByteArray makeXmpPacket(const Product& product)
 {
     QByteArray body;
     QXmlStreamWriter xml(&body);
@@ -46,9 +47,10 @@ QByteArray makeXmpPacket(const ProductFacts& product)
     xml.writeTextElement(QString::fromLatin1(dublinCore), u"format"_s, u"application/pdf"_s);
     writeListed(xml, u"title"_s, u"Alt"_s, QString::fromLatin1(reportTitle), u"x-default"_s);
     writeListed(xml, u"language"_s, u"Bag"_s, u"fr-FR"_s);
-    if (!product.author.isEmpty())
-        writeListed(xml, u"creator"_s, u"Seq"_s, product.author);
-    xml.writeTextElement(QString::fromLatin1(xmpBasic), u"CreatorTool"_s, product.name);
+    if (!product.developer.isEmpty())
+        writeListed(xml, u"creator"_s, u"Seq"_s, product.developer);
+    xml.writeTextElement(
+        QString::fromLatin1(xmpBasic), u"CreatorTool"_s, QString::fromLatin1(creatorName));
     xml.writeEndElement();
     xml.writeEndElement();
     xml.writeEndElement();
@@ -66,7 +68,7 @@ PrintError failureOf(const QFileDevice& file)
 
 } // namespace
 
-PdfFile::PdfFile(const QString& path, PageOrientation orientation, const ProductFacts& product)
+PdfFile::PdfFile(const QString& path, PageOrientation orientation, const Product& product)
     : m_file(path)
     , m_writer(&m_file)
 {
@@ -74,7 +76,7 @@ PdfFile::PdfFile(const QString& path, PageOrientation orientation, const Product
     m_writer.setResolution(pointsPerInch);
     m_writer.setPageLayout(reportPageLayout(orientation));
     m_writer.setTitle(QString::fromLatin1(reportTitle));
-    m_writer.setCreator(product.name);
+    m_writer.setCreator(QString::fromLatin1(creatorName));
     m_writer.setDocumentXmpMetadata(makeXmpPacket(product));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/printing/PrintTarget.h"
-#include "app/printing/ProductFacts.h"
 #include "app/printing/ReportTextView.h"
+#include "core/product/Product.h"
 
 #include <QtCore/QSaveFile>
 #include <QtGui/QPdfWriter>
@@ -14,7 +14,7 @@ namespace reelhouse {
 class PdfFile final : public PrintTarget {
 public:
     /// A4 pages without margins; one unit of the device is a point.
-    PdfFile(const QString& path, PageOrientation orientation, const ProductFacts& product);
+    PdfFile(const QString& path, PageOrientation orientation, const Product& product);
 
     std::optional<PrintError> open() override;
     QPagedPaintDevice& device() override { return m_writer; }

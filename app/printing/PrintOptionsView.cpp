@@ -13,6 +13,7 @@
 #include "core/model/StoreContext.h"
 
 #include <QtGui/QAccessible>
+#include <QtGui/QPaintEngine>
 #include <QtPrintSupport/QPrintDialog>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtWidgets/QCheckBox>
@@ -44,6 +45,8 @@ constexpr QMargins boxRowMargins(10, 8, 14, 8);
 constexpr QMargins columnBoxMargins(10, 11, 14, 11);
 constexpr int titleGap = 12;
 constexpr int warningIconSide = 13;
+/// The preview keeps the outline of every letter: about a tenth of a second for each page.
+constexpr int mostPreviewPages = 30;
 
 /// Rows on one rounded panel, a hairline between.
 class OptionPanel final : public QWidget {
@@ -101,6 +104,17 @@ PageSpan chosenPages(const QPrinter& printer, const ReportTextView& view)
     const PageSpan chosen{
         std::max(printer.fromPage() - 1, 0), std::min(printer.toPage() - 1, all.last)};
     return chosen.count() > 0 ? chosen : all;
+}
+
+/// Paints what the preview asks for: its first pages, or all of them when it prints.
+void paintForPreview(const ReportTextView& view, QPrinter& paper)
+{
+    PrintService::setReportPage(paper, view.orientation());
+    PageSpan pages = allPages(view);
+    if (paper.paintEngine()->type() == QPaintEngine::Picture)
+        pages.last = std::min(pages.last, mostPreviewPages - 1);
+    PagePainter painter(view, paper, pages, PageNumbering::Number);
+    while (!painter.isDone() && painter.paintNext()) {}
 }
 
 } // namespace
@@ -333,12 +347,11 @@ void PrintOptionsView::preview()
     PrintService::setReportPage(*printer, view->orientation());
     auto* dialog = new QPrintPreviewDialog(printer.get(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (view->pageCount() > mostPreviewPages)
+        dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
     // The printer is needed for as long as the dialog lives.
-    connect(dialog, &QPrintPreviewDialog::paintRequested, dialog, [view, printer](QPrinter* paper) {
-        PrintService::setReportPage(*paper, view->orientation());
-        PagePainter painter(*view, *paper, allPages(*view), PageNumbering::Number);
-        while (!painter.isDone() && painter.paintNext()) {}
-    });
+    connect(dialog, &QPrintPreviewDialog::paintRequested, dialog,
+        [view, printer](QPrinter* paper) { paintForPreview(*view, *paper); });
     dialog->open();
 }
 
@@ -346,7 +359,7 @@ void PrintOptionsView::choosePrinter()
 {
     m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     m_printer->setDocName(u"Stock de filaments"_s);
-    m_printer->setCreator(m_request.product.name);
+    m_printer->setCreator(u"Spoolwright"_s);
     PrintService::setReportPage(*m_printer, m_orientation->orientation());
     auto* dialog = new QPrintDialog(m_printer.get(), this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);

@@ -2,7 +2,6 @@
 
 #include "app/printing/PagePainter.h"
 #include "app/printing/PrintService.h"
-#include "app/printing/ProductFacts.h"
 #include "app/ui/Sheet.h"
 #include "core/model/EntityId.h"
 #include "core/model/Filament.h"
@@ -26,7 +25,7 @@ class StoreContext;
 struct PrintRequest {
     std::vector<FilamentId> shown; ///< What the filters let through, in order.
     QString filterDescription; ///< Empty when nothing is filtered.
-    ProductFacts product;
+    Product product;
 };
 
 /// The sheet in which columns, orientation and extent of the report are chosen; prints it, shows

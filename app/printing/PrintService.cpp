@@ -8,20 +8,19 @@ using namespace Qt::StringLiterals;
 
 namespace reelhouse::PrintService {
 
-QString footerLeftText(const ProductFacts& product)
+QString footerLeftText(const Product& product)
 {
-    const QString name = product.name.isEmpty() ? u"Spoolwright"_s : product.name;
     const QString version = product.version.isEmpty() ? u"1.0.0"_s : product.version;
-    return name + u" v"_s + version + u" (build "_s + product.build + u')';
+    return u"Spoolwright v"_s + version + u" (build "_s + product.build + u')';
 }
 
-QString footerRightText(const ProductFacts& product)
+QString footerRightText(const Product& product)
 {
-    return product.rights.isEmpty() ? u"Tous droits réservés."_s : product.rights;
+    return product.rightsHolder.isEmpty() ? u"Tous droits réservés."_s : product.rightsLine();
 }
 
 ReportTextView makeReportView(std::span<const Filament* const> filaments,
-    const ReportChoice& choice, const ProductFacts& product, QDate today)
+    const ReportChoice& choice, const Product& product, QDate today)
 {
     StockReport report(filaments, choice.columns, ReportTextView::contentWidth(choice.orientation),
         choice.filterDescription, today);
@@ -30,7 +29,7 @@ ReportTextView makeReportView(std::span<const Filament* const> filaments,
 }
 
 std::optional<PrintError> exportPDF(
-    const ReportTextView& view, const ProductFacts& product, const QString& path)
+    const ReportTextView& view, const Product& product, const QString& path)
 {
     PdfFile file(path, view.orientation(), product);
     if (const auto error = file.open())

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/printing/PdfFile.h"
-#include "app/printing/ProductFacts.h"
 #include "app/printing/ReportTextView.h"
+#include "core/product/Product.h"
 
 #include <QtCore/QDateTime>
 
@@ -20,17 +20,17 @@ struct ReportChoice {
 
 /// "Spoolwright v1.0.0 (build 7)"; says "Spoolwright", "1.0.0" and nothing where the build does
 /// not.
-QString footerLeftText(const ProductFacts& product);
-/// The rights line, or a general one.
-QString footerRightText(const ProductFacts& product);
+QString footerLeftText(const Product& product);
+/// The rights line, or a general one where nobody is named.
+QString footerRightText(const Product& product);
 
 /// The report of `filaments` in their order, ready for printing. Nothing of them is kept but texts.
 ReportTextView makeReportView(std::span<const Filament* const> filaments,
-    const ReportChoice& choice, const ProductFacts& product, QDate today);
+    const ReportChoice& choice, const Product& product, QDate today);
 
 /// Writes `view` as a PDF, whole or not at all.
 std::optional<PrintError> exportPDF(
-    const ReportTextView& view, const ProductFacts& product, const QString& path);
+    const ReportTextView& view, const Product& product, const QString& path);
 
 /// Makes `printer` print A4 pages whose margins are the report's own.
 void setReportPage(QPrinter& printer, PageOrientation orientation);

@@ -48,6 +48,7 @@ private slots:
     void longWorkShowsItsProgressAndIsCancelled();
     void aCancelledPrintDialogDoesNothing();
     void printingWithoutAPrinterWorksToAFile();
+    void thePreviewShowsThePages_data();
     void thePreviewShowsThePages();
 
 private:
@@ -64,7 +65,7 @@ public:
         m_window.resize(1300, 850);
         m_window.show();
         generateStock(m_context, stock);
-        PrintRequest request{{}, filter, {u"Spoolwright"_s, u"1.0.0"_s, u"7"_s, {}, {}}};
+        PrintRequest request{{}, filter, {.version = u"1.0.0"_s, .build = u"7"_s}};
         for (const auto& filament : m_context.fetchAll<Filament>()) {
             if (int(request.shown.size()) < shown)
                 request.shown.push_back(filament->id());
@@ -379,14 +380,29 @@ void PrintOptionsViewTest::printingWithoutAPrinterWorksToAFile()
     QVERIFY(text.contains(u"(build 7) Page 1 Tous"_s));
 }
 
+void PrintOptionsViewTest::thePreviewShowsThePages_data()
+{
+    QTest::addColumn<int>("filaments");
+    QTest::addColumn<int>("expectedPages");
+    QTest::addColumn<QString>("expectedTitle");
+
+    QTest::newRow("a few pages") << 200 << 4 << u"Print Preview"_s;
+    QTest::newRow("many pages") << 2500 << 30 << u"Aperçu des 30 premières pages"_s;
+}
+
 void PrintOptionsViewTest::thePreviewShowsThePages()
 {
-    OpenPrintSheet opened(QString(), 200, 200);
+    QFETCH(int, filaments);
+    QFETCH(int, expectedPages);
+    QFETCH(QString, expectedTitle);
+
+    OpenPrintSheet opened(QString(), filaments, filaments);
     opened.button(u"Aperçu…"_s).click();
     auto* dialog = opened.sheet().findChild<QPrintPreviewDialog*>();
     QVERIFY(dialog);
     auto* pages = dialog->findChild<QPrintPreviewWidget*>();
-    QTRY_COMPARE(pages->pageCount(), 4);
+    QTRY_COMPARE(pages->pageCount(), expectedPages);
+    QCOMPARE(dialog->windowTitle(), expectedTitle);
     QCOMPARE(pages->orientation(), QPageLayout::Portrait);
     dialog->reject();
     QVERIFY(opened.sheet().isVisible());

@@ -46,8 +46,7 @@ private slots:
     void onPaperPagesAreNotCounted();
 
 private:
-    QString write(
-        const PrintedStock& stock, const ReportChoice& choice, const ProductFacts& product);
+    QString write(const PrintedStock& stock, const ReportChoice& choice, const Product& product);
 
     QTemporaryDir m_folder;
 };
@@ -67,10 +66,13 @@ ReportChoice everything(PageOrientation orientation = PageOrientation::Portrait)
     return {allColumns(), orientation, {}};
 }
 
-ProductFacts productOfTest()
+Product productOfTest()
 {
-    return {u"Spoolwright"_s, u"1.0.0"_s, u"7"_s, u"© 2026 Prénom Nom. Tous droits réservés."_s,
-        u"Prénom Nom"_s};
+    return {.version = u"1.0.0"_s,
+        .build = u"7"_s,
+        .developer = u"Prénom Nom"_s,
+        .rightsHolder = u"Prénom Nom"_s,
+        .rightsYear = u"2026"_s};
 }
 
 /// The report as it is expected, kept beside this test.
@@ -137,7 +139,7 @@ void ReportPdfTest::initTestCase()
 }
 
 QString ReportPdfTest::write(
-    const PrintedStock& stock, const ReportChoice& choice, const ProductFacts& product)
+    const PrintedStock& stock, const ReportChoice& choice, const Product& product)
 {
     const QString pdf = m_folder.filePath(u"report.pdf"_s);
     const ReportTextView view
@@ -248,7 +250,7 @@ void ReportPdfTest::theDocumentSaysWhatItIs()
 
 void ReportPdfTest::withoutAnAuthorThereIsNone()
 {
-    const QString pdf = write(makeWorkshop(), everything(), {u"Spoolwright"_s, {}, {}, {}, {}});
+    const QString pdf = write(makeWorkshop(), everything(), {});
     const QString packet = outputOf(u"pdfinfo"_s, {u"-meta"_s, pdf});
     QVERIFY(packet.contains(u"fr-FR"_s));
     QVERIFY(!packet.contains(u"dc:creator"_s));

@@ -81,20 +81,22 @@ void ReportTextViewTest::rowsFillThePages()
 
 void ReportTextViewTest::footerTexts_data()
 {
-    QTest::addColumn<ProductFacts>("product");
+    QTest::addColumn<Product>("product");
     QTest::addColumn<QString>("left");
     QTest::addColumn<QString>("right");
 
-    QTest::newRow("everything is known")
-        << ProductFacts{u"Atelier"_s, u"2.3"_s, u"45"_s, u"© 2026 Prénom Nom."_s, {}}
-        << u"Atelier v2.3 (build 45)"_s << u"© 2026 Prénom Nom."_s;
+    QTest::newRow("everything is known") << Product{.version = u"2.3"_s,
+        .build = u"45"_s,
+        .rightsHolder = u"Prénom Nom"_s,
+        .rightsYear = u"2026"_s} << u"Spoolwright v2.3 (build 45)"_s
+                                         << u"© 2026 Prénom Nom. Tous droits réservés."_s;
     QTest::newRow("nothing is known")
-        << ProductFacts{} << u"Spoolwright v1.0.0 (build )"_s << u"Tous droits réservés."_s;
+        << Product{} << u"Spoolwright v1.0.0 (build )"_s << u"Tous droits réservés."_s;
 }
 
 void ReportTextViewTest::footerTexts()
 {
-    QFETCH(ProductFacts, product);
+    QFETCH(Product, product);
     QFETCH(QString, left);
     QFETCH(QString, right);
 
