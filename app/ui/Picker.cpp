@@ -83,11 +83,11 @@ Picker::Picker(const QString& none, QWidget* parent)
     : QComboBox(parent)
     , m_model(new Model(none, this))
 {
-    auto* list = new QListView(this);
-    list->setUniformItemSizes(true);
-    list->setTextElideMode(Qt::ElideRight);
-    setView(list);
     setModel(m_model);
+    if (auto* list = qobject_cast<QListView*>(view())) {
+        list->setUniformItemSizes(true);
+        list->setTextElideMode(Qt::ElideRight);
+    }
     setFrame(false);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
