@@ -11,6 +11,7 @@
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QShortcut>
+#include <QtGui/QWindow>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
@@ -153,6 +154,17 @@ void Sheet::fitIntoWindow()
         place.moveCenter(window->geometry().center());
         move(place.topLeft());
     }
+}
+
+void Sheet::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    // Placed before it was shown, its window may not have been told where the window manager put
+    // it, and lists would open elsewhere. By now the manager is done and answers when asked.
+    QWindow* window = windowHandle();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && window != nullptr
+        && window->position() != pos())
+        window->setPosition(pos());
 }
 
 void Sheet::keyPressEvent(QKeyEvent* event)
