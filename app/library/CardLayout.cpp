@@ -18,13 +18,20 @@ constexpr int bottomPadding = 10;
 constexpr int partGap = 7; ///< Between the product, the place and the counts.
 constexpr int typeSymbol = 15;
 constexpr int lineSymbol = 13;
-constexpr int afterSymbol = 6;
-constexpr int betweenCounts = 8;
+constexpr int afterSymbol = 5;
+constexpr int betweenCounts = 6;
 
 QFont countFont()
 {
     QFont font = fontOf(TextStyle::Caption);
     font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QFont openedFont()
+{
+    QFont font = fontOf(TextStyle::Caption);
+    font.setWeight(QFont::Medium);
     return font;
 }
 
@@ -58,9 +65,9 @@ QString openedText(const Filament& filament)
     return counted(filament.openedSpoolsCount(), u"entamée"_s);
 }
 
-int countWidth(const QString& text)
+int countWidth(const QString& text, const QFont& font)
 {
-    return lineSymbol + afterSymbol + QFontMetrics(countFont()).horizontalAdvance(text) + 1;
+    return lineSymbol + afterSymbol + QFontMetrics(font).horizontalAdvance(text) + 1;
 }
 
 void addCounts(
@@ -76,12 +83,12 @@ void addCounts(
     if (counts == Counts::OneUnderTheOther) {
         line.translate(0, line.height());
     } else {
-        const int left = line.right() + 1 - countWidth(openedText(filament));
+        const int left = line.right() + 1 - countWidth(openedText(filament), openedFont());
         pieces.back().rect.setRight(left - betweenCounts);
         line.setLeft(left);
     }
-    addLine(pieces, line, u"spool"_s, lineSymbol, &Theme::orange, openedText(filament), font,
-        &Theme::orange);
+    addLine(pieces, line, u"spool"_s, lineSymbol, &Theme::orange, openedText(filament),
+        openedFont(), &Theme::orange);
 }
 
 } // namespace
@@ -98,7 +105,8 @@ int height(Counts counts)
 
 bool countsFit(const Filament& filament, int cardWidth)
 {
-    return countWidth(spoolsText(filament)) + betweenCounts + countWidth(openedText(filament))
+    return countWidth(spoolsText(filament), countFont()) + betweenCounts
+        + countWidth(openedText(filament), openedFont())
         <= cardWidth - 2 * padding;
 }
 
