@@ -98,7 +98,7 @@ std::optional<PrintError> PdfFile::commit()
 {
     // A commit that fails because of an earlier error no longer says which.
     m_file.flush();
-    if (const auto earlier = error())
+    if (auto earlier = error())
         return earlier;
     if (m_file.commit())
         return std::nullopt;
