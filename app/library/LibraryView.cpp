@@ -106,19 +106,26 @@ void LibraryView::makeEmptyStates()
 void LibraryView::addKeys()
 {
     addAction(m_actions->additionCommand());
-    addKey(QKeySequence::Find, [this] { focusSearch(); });
-    addKey(QKeySequence::Print, [this] { showPrintOptions(); });
-    addKey(Qt::CTRL | Qt::Key_1, [this] { setViewMode(ViewMode::List); });
-    addKey(Qt::CTRL | Qt::Key_2, [this] { setViewMode(ViewMode::Cards); });
-    addKey(Qt::CTRL | Qt::Key_3, [this] { setViewMode(ViewMode::Stats); });
+    m_searchCommand
+        = addCommand(u"Rechercher"_s, QKeySequence(QKeySequence::Find), [this] { focusSearch(); });
+    m_printCommand = addCommand(
+        u"Imprimer…"_s, QKeySequence(QKeySequence::Print), [this] { showPrintOptions(); });
+    const std::pair<ViewMode, Qt::Key> modes[]
+        = {{ViewMode::List, Qt::Key_1}, {ViewMode::Cards, Qt::Key_2}, {ViewMode::Stats, Qt::Key_3}};
+    for (const auto& [mode, key] : modes) {
+        m_modeCommands += addCommand(viewModeTitle(mode), QKeySequence(Qt::CTRL | key),
+            [this, mode = mode] { setViewMode(mode); });
+    }
 }
 
-void LibraryView::addKey(const QKeySequence& key, const std::function<void()>& action)
+QAction* LibraryView::addCommand(
+    const QString& text, const QKeySequence& key, const std::function<void()>& action)
 {
-    auto* command = new QAction(this);
+    auto* command = new QAction(text, this);
     command->setShortcut(key);
     addAction(command);
     connect(command, &QAction::triggered, this, action);
+    return command;
 }
 
 void LibraryView::listenToFilterBar()

@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class QAction;
 class QStackedWidget;
 
 namespace reelhouse {
@@ -48,6 +49,13 @@ public:
     /// Shows the stock in another way, and remembers it where the window's state is kept.
     void setViewMode(ViewMode mode);
 
+    /// What the menu bar offers of the library, beside its own keys and buttons.
+    SpoolActions& spoolActions() const { return *m_actions; }
+    QAction* searchCommand() const { return m_searchCommand; }
+    QAction* printCommand() const { return m_printCommand; }
+    /// In the order of the modes.
+    const QList<QAction*>& modeCommands() const { return m_modeCommands; }
+
 signals:
     /// The criteria may be others now.
     void criteriaChanged();
@@ -62,7 +70,8 @@ private:
     void makeEmptyStates();
     void listenToFilterBar();
     void addKeys();
-    void addKey(const QKeySequence& key, const std::function<void()>& action);
+    QAction* addCommand(
+        const QString& text, const QKeySequence& key, const std::function<void()>& action);
     void restoreViewMode();
     void seedOnce();
     void applyPendingFavoriteIfNeeded();
@@ -89,6 +98,9 @@ private:
     bool m_hasResult = false;
     FilamentId m_selectedFilament; ///< In the mode that was left last.
     SpoolActions* m_actions;
+    QAction* m_searchCommand = nullptr;
+    QAction* m_printCommand = nullptr;
+    QList<QAction*> m_modeCommands;
     LibraryToolbar* m_toolbar;
     FilterBarView* m_filterBar;
     QWidget* m_filterBarLine; ///< The line under it.

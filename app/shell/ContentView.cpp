@@ -116,6 +116,7 @@ void ContentView::showScreen(NavItem item)
     m_screens->setCurrentWidget(screen);
     if (former != m_library)
         former->deleteLater(); // and with it what it had opened
+    emit screenShown(item);
 }
 
 QWidget* ContentView::makeScreen(NavItem item)

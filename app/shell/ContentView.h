@@ -33,7 +33,10 @@ public:
     /// Opens the sheet of the favourites over `front`, the content or a sheet of it.
     void manageFavorites(QWidget* front);
 
+    LibraryView& library() const { return *m_library; }
+
 signals:
+    void screenShown(NavItem item);
     void settingsRequested();
     void aboutRequested();
 

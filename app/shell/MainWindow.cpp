@@ -23,6 +23,11 @@ QSize MainWindow::chromeSize() const
     return {0, menuBar()->sizeHint().height()};
 }
 
+void MainWindow::setSettingsEnabled(bool isEnabled)
+{
+    m_settings->setEnabled(isEnabled);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->setAccepted(!m_mayClose || m_mayClose());
@@ -35,11 +40,27 @@ void MainWindow::makeMenuBar()
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &MainWindow::aboutRequested);
     application->addSeparator();
+    m_settings = application->addAction(u"Réglages…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
+        this, &MainWindow::settingsRequested);
+    m_settings->setMenuRole(QAction::PreferencesRole);
+    m_settings->setEnabled(false);
+    application->addSeparator();
     QAction* quit = application->addAction(
         u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &MainWindow::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 
+    m_fileMenu = menuBar()->addMenu(u"Fichier"_s);
     m_editMenu = menuBar()->addMenu(u"Édition"_s);
+    m_viewMenu = menuBar()->addMenu(u"Présentation"_s);
+    m_stockMenu = menuBar()->addMenu(u"Stock"_s);
+    for (QMenu* menu : {m_fileMenu, m_viewMenu, m_stockMenu})
+        menu->menuAction()->setVisible(false);
+    QMenu* window = menuBar()->addMenu(u"Fenêtre"_s);
+    window->addAction(
+        u"Réduire"_s, QKeySequence(Qt::CTRL | Qt::Key_M), this, &QWidget::showMinimized);
+    QMenu* help = menuBar()->addMenu(u"Aide"_s);
+    help->addAction(
+        u"Raccourcis clavier"_s, QKeySequence(Qt::Key_F1), this, &MainWindow::keysRequested);
 }
 
 } // namespace reelhouse

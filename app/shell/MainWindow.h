@@ -20,15 +20,22 @@ public:
     /// What the window shows around the screen: its menu bar. Width 0.
     QSize chromeSize() const;
 
+    /// Offers the settings, which need the stock.
+    void setSettingsEnabled(bool isEnabled);
+
     /// Asked each time the user closes the window: whether it may. Without one it always may.
     void setCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
-    /// The menu "Édition", which the screens' commands are added to.
+    /// The menus that the screens' commands are added to; all but "Édition" are hidden until then.
+    QMenu& fileMenu() { return *m_fileMenu; }
     QMenu& editMenu() { return *m_editMenu; }
+    QMenu& viewMenu() { return *m_viewMenu; }
+    QMenu& stockMenu() { return *m_stockMenu; }
 
 signals:
     void aboutRequested();
     void settingsRequested();
+    void keysRequested();
     /// The user wants the program to end.
     void quitRequested();
 
@@ -39,7 +46,11 @@ private:
     void makeMenuBar();
 
     std::function<bool()> m_mayClose;
+    QAction* m_settings = nullptr;
+    QMenu* m_fileMenu = nullptr;
     QMenu* m_editMenu = nullptr;
+    QMenu* m_viewMenu = nullptr;
+    QMenu* m_stockMenu = nullptr;
 };
 
 } // namespace reelhouse

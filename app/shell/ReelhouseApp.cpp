@@ -3,6 +3,8 @@
 #include "app/shell/AboutView.h"
 #include "app/shell/ContentView.h"
 #include "app/shell/FileBrowser.h"
+#include "app/shell/KeysView.h"
+#include "app/shell/MenuCommands.h"
 #include "app/shell/SettingsView.h"
 #include "app/shell/SingleInstance.h"
 #include "app/shell/UndoCommands.h"
@@ -15,6 +17,7 @@
 
 #include <QtCore/QTimer>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QMenuBar>
 
 #include <chrono>
 
@@ -45,6 +48,7 @@ ReelhouseApp::ReelhouseApp(
     connect(&instance, &SingleInstance::raiseRequested, &m_delegate,
         &AppDelegate::applicationShouldHandleReopen);
     connect(&m_window, &MainWindow::aboutRequested, this, &ReelhouseApp::showAbout);
+    connect(&m_window, &MainWindow::keysRequested, this, &ReelhouseApp::showKeys);
     connect(&m_signals, &UnixSignals::terminationRequested, &m_delegate, &AppDelegate::terminate);
 }
 
@@ -77,9 +81,12 @@ void ReelhouseApp::showContent(StoreContainer& container)
     auto* content = new ContentView(container, m_preferences, m_favorites);
     content->performStartupBackupIfNeeded();
     connect(content, &ContentView::aboutRequested, this, &ReelhouseApp::showAbout);
-    connect(content, &ContentView::settingsRequested, this,
-        [this, &container, content] { showSettings(container, *content); });
+    const auto settings = [this, &container, content] { showSettings(container, *content); };
+    connect(content, &ContentView::settingsRequested, this, settings);
+    connect(&m_window, &MainWindow::settingsRequested, content, settings);
+    m_window.setSettingsEnabled(true);
     new UndoCommands(container.context(), m_window.editMenu(), content);
+    new MenuCommands(*content, m_window);
     m_window.showScreen(content);
 }
 
@@ -94,6 +101,13 @@ void ReelhouseApp::showFailure(const QString& message)
 void ReelhouseApp::showAbout()
 {
     auto* sheet = new AboutView(Product::ofThisBuild(), &m_window);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
+}
+
+void ReelhouseApp::showKeys()
+{
+    auto* sheet = new KeysView(keySections(*m_window.menuBar()), &m_window);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();
 }

@@ -33,6 +33,7 @@ private:
     void showContent(StoreContainer& container);
     void showFailure(const QString& message);
     void showAbout();
+    void showKeys();
     void showSettings(StoreContainer& container, ContentView& content);
 
     Preferences m_preferences;

@@ -15,7 +15,6 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
-#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
 
 using namespace reelhouse;
@@ -45,7 +44,6 @@ private slots:
     void quittingWritesABackupWhenWanted_data();
     void quittingWritesABackupWhenWanted();
     void withoutAStockThereIsNoBackup();
-    void theMenuBarHoldsWhatWorksToday();
 };
 
 namespace {
@@ -442,19 +440,6 @@ void AppDelegateTest::withoutAStockThereIsNoBackup()
     fixture.delegate.performBackupIfEnabled();
 
     QVERIFY(!QFile::exists(fixture.folder.filePath(u"Documents"_s)));
-}
-
-void AppDelegateTest::theMenuBarHoldsWhatWorksToday()
-{
-    const MainWindow window;
-
-    const QList<QAction*> menus = window.menuBar()->actions();
-    QCOMPARE(menus.size(), 2);
-    QCOMPARE(menus.at(1)->text(), u"Édition"_s);
-    const QList<QAction*> entries = menus.at(0)->menu()->actions();
-    QCOMPARE(entries.first()->text(), u"À propos de Reelhouse"_s);
-    QCOMPARE(entries.last()->text(), u"Quitter"_s);
-    QCOMPARE(entries.last()->shortcut(), QKeySequence(u"Ctrl+Q"_s));
 }
 
 REELHOUSE_TEST(AppDelegateTest)

@@ -1,0 +1,218 @@
+#include "app/library/FilterFavoritesStore.h"
+#include "app/library/LibraryView.h"
+#include "app/library/SpoolActions.h"
+#include "app/shell/ContentView.h"
+#include "app/shell/KeysView.h"
+#include "app/shell/MainWindow.h"
+#include "app/shell/MenuCommands.h"
+#include "app/shell/UndoCommands.h"
+#include "core/preferences/Preferences.h"
+#include "tests/support/AccessibleTree.h"
+#include "tests/support/MemoryStock.h"
+#include "tests/support/TestMain.h"
+
+#include <QtTest/QSignalSpy>
+#include <QtTest/QTest>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+
+using namespace reelhouse;
+using namespace Qt::StringLiterals;
+
+class MenuBarTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void withoutAStockOnlyTheProgramsOwnCommandsAreThere();
+    void everyCommandHasItsPlace();
+    void noTwoCommandsShareAKey();
+    void screensAreChosenInTheMenu();
+    void theLibrarysCommandsRestWhileItIsHidden();
+    void theProgramsCommandsAreAskedFor();
+    void theSheetOfKeysNamesEveryKeyOfTheMenus();
+};
+
+namespace {
+
+QStringList visibleMenus(const MainWindow& window)
+{
+    QStringList titles;
+    for (const QAction* action : window.menuBar()->actions()) {
+        if (action->isVisible())
+            titles += action->text();
+    }
+    return titles;
+}
+
+QStringList entriesOf(const QMenu& menu)
+{
+    QStringList entries;
+    for (const QAction* action : menu.actions()) {
+        if (!action->isSeparator())
+            entries += action->text();
+    }
+    return entries;
+}
+
+QAction& entryNamed(const MainWindow& window, const QString& text)
+{
+    for (const QAction* menu : window.menuBar()->actions()) {
+        for (QAction* action : menu->menu()->actions()) {
+            if (action->text() == text)
+                return *action;
+        }
+    }
+    qFatal("No such entry.");
+}
+
+struct MenuBarFixture {
+    MenuBarFixture()
+    {
+        window.setSettingsEnabled(true);
+        new UndoCommands(stock->context(), window.editMenu(), content);
+        new MenuCommands(*content, window);
+        window.showScreen(content);
+        window.resize(1300, 850);
+        window.show();
+    }
+
+    QTemporaryDir folder;
+    Preferences preferences{folder.filePath(u"preferences.ini"_s)};
+    FilterFavoritesStore favorites{preferences};
+    std::unique_ptr<StoreContainer> stock = tests::makeMemoryStock(StoreKind::File);
+    MainWindow window;
+    ContentView* content = new ContentView(*stock, preferences, favorites);
+};
+
+} // namespace
+
+void MenuBarTest::withoutAStockOnlyTheProgramsOwnCommandsAreThere()
+{
+    const MainWindow window;
+
+    QCOMPARE(visibleMenus(window),
+        QStringList({u"Spoolwright"_s, u"Édition"_s, u"Fenêtre"_s, u"Aide"_s}));
+    QVERIFY(!entryNamed(window, u"Réglages…"_s).isEnabled());
+}
+
+void MenuBarTest::everyCommandHasItsPlace()
+{
+    MenuBarFixture fixture;
+    const QMenu* application = fixture.window.menuBar()->actions().first()->menu();
+
+    QCOMPARE(visibleMenus(fixture.window),
+        QStringList({u"Spoolwright"_s, u"Fichier"_s, u"Édition"_s, u"Présentation"_s, u"Stock"_s,
+            u"Fenêtre"_s, u"Aide"_s}));
+    QCOMPARE(entriesOf(*application),
+        QStringList({u"À propos de Reelhouse"_s, u"Réglages…"_s, u"Quitter"_s}));
+    QCOMPARE(entriesOf(fixture.window.fileMenu()), QStringList{u"Imprimer…"_s});
+    QCOMPARE(entriesOf(fixture.window.editMenu()),
+        QStringList({u"Annuler"_s, u"Rétablir"_s, u"Rechercher"_s}));
+    QCOMPARE(entriesOf(fixture.window.viewMenu()),
+        QStringList(
+            {u"Liste"_s, u"Cartes"_s, u"Stats"_s, u"Stock de filaments"_s, u"Types de filament"_s,
+                u"Marques"_s, u"Gammes"_s, u"Lieux"_s, u"Export / Import"_s, u"Export CSV"_s}));
+    QCOMPARE(entriesOf(fixture.window.stockMenu()),
+        QStringList({u"Ajouter un filament"_s, u"Ajouter une bobine"_s, u"Retirer une bobine"_s,
+            u"Ajouter une bobine entamée"_s, u"Supprimer une bobine entamée"_s,
+            u"Dupliquer le filament"_s, u"Supprimer"_s}));
+    QCOMPARE(entryNamed(fixture.window, u"Réglages…"_s).shortcut(),
+        QKeySequence(Qt::CTRL | Qt::Key_Comma));
+    QCOMPARE(
+        entryNamed(fixture.window, u"Quitter"_s).shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    QCOMPARE(
+        entryNamed(fixture.window, u"Raccourcis clavier"_s).shortcut(), QKeySequence(Qt::Key_F1));
+}
+
+void MenuBarTest::noTwoCommandsShareAKey()
+{
+    MenuBarFixture fixture;
+
+    QStringList keys;
+    for (const QAction* menu : fixture.window.menuBar()->actions()) {
+        for (const QAction* action : menu->menu()->actions()) {
+            if (!action->shortcut().isEmpty())
+                keys += action->shortcut().toString();
+        }
+    }
+    QVERIFY(keys.size() >= 12);
+    QCOMPARE(keys.removeDuplicates(), 0);
+}
+
+void MenuBarTest::screensAreChosenInTheMenu()
+{
+    MenuBarFixture fixture;
+    QVERIFY(entryNamed(fixture.window, u"Stock de filaments"_s).isChecked());
+
+    entryNamed(fixture.window, u"Gammes"_s).trigger();
+    QCOMPARE(fixture.content->selection(), NavItem::Ranges);
+    QVERIFY(entryNamed(fixture.window, u"Gammes"_s).isChecked());
+
+    fixture.content->showScreen(NavItem::CsvExport);
+    QVERIFY(entryNamed(fixture.window, u"Export CSV"_s).isChecked());
+    QVERIFY(!entryNamed(fixture.window, u"Gammes"_s).isChecked());
+}
+
+void MenuBarTest::theLibrarysCommandsRestWhileItIsHidden()
+{
+    MenuBarFixture fixture;
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
+    QSignalSpy additions(
+        &fixture.content->library().spoolActions(), &SpoolActions::additionRequested);
+
+    fixture.content->showScreen(NavItem::Brands);
+    QTest::keyClick(&fixture.window, Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(additions.count(), 0);
+    QVERIFY(!entryNamed(fixture.window, u"Imprimer…"_s).isEnabled());
+    QVERIFY(!fixture.window.stockMenu().menuAction()->isEnabled());
+
+    fixture.content->showScreen(NavItem::Library);
+    QTest::keyClick(&fixture.window, Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(additions.count(), 1);
+    QVERIFY(entryNamed(fixture.window, u"Imprimer…"_s).isEnabled());
+}
+
+void MenuBarTest::theProgramsCommandsAreAskedFor()
+{
+    MenuBarFixture fixture;
+    QSignalSpy about(&fixture.window, &MainWindow::aboutRequested);
+    QSignalSpy settings(&fixture.window, &MainWindow::settingsRequested);
+    QSignalSpy keys(&fixture.window, &MainWindow::keysRequested);
+    QSignalSpy quit(&fixture.window, &MainWindow::quitRequested);
+
+    for (const QString& entry :
+        {u"À propos de Reelhouse"_s, u"Réglages…"_s, u"Raccourcis clavier"_s, u"Quitter"_s})
+        entryNamed(fixture.window, entry).trigger();
+
+    QCOMPARE(about.count(), 1);
+    QCOMPARE(settings.count(), 1);
+    QCOMPARE(keys.count(), 1);
+    QCOMPARE(quit.count(), 1);
+}
+
+void MenuBarTest::theSheetOfKeysNamesEveryKeyOfTheMenus()
+{
+    MenuBarFixture fixture;
+    const QList<KeySection> sections = keySections(*fixture.window.menuBar());
+    KeysView sheet(sections, &fixture.window);
+    sheet.open();
+
+    QStringList texts;
+    for (const QLabel* label : sheet.findChildren<QLabel*>())
+        texts += label->text();
+    QVERIFY(texts.contains(u"Dupliquer le filament"_s));
+    for (const QAction* menu : fixture.window.menuBar()->actions()) {
+        for (const QAction* action : menu->menu()->actions()) {
+            const QString key = action->shortcut().toString(QKeySequence::NativeText);
+            QVERIFY2(key.isEmpty() || (texts.contains(key) && texts.contains(action->text())),
+                qPrintable(key));
+        }
+    }
+    QCOMPARE(sections.last().title, u"Fiches et questions"_s);
+    QCOMPARE(tests::unnamedControls(&sheet), QStringList());
+}
+
+REELHOUSE_TEST(MenuBarTest)
+
+#include "MenuBarTest.moc"
