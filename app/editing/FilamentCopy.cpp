@@ -19,17 +19,17 @@ QString notesOfCopy(const Filament& original)
     return names.isEmpty() ? u"Copie"_s : u"Copie de "_s + names.join(u' ');
 }
 
-FilamentId duplicateFilament(StoreContext& context, FilamentId id)
+FilamentId duplicateFilament(StoreContext& context, FilamentId original)
 {
-    const Filament* original = context.find(id);
-    if (!original)
+    const Filament* source = context.find(original);
+    if (!source)
         return {};
     FilamentId copy;
     context.perform(u"Dupliquer le filament"_s, [&] {
         copy = context
-                   .insert(std::make_unique<Filament>(original->type(), original->brand(),
-                       original->range(), original->location(), 1, 0, original->colorHex(),
-                       QString(), notesOfCopy(*original)))
+                   .insert(std::make_unique<Filament>(source->type(), source->brand(),
+                       source->range(), source->location(), 1, 0, source->colorHex(), QString(),
+                       notesOfCopy(*source)))
                    .id();
     });
     return copy;
