@@ -38,6 +38,7 @@ FilamentDetailView::FilamentDetailView(StoreContext& context, FilamentId filamen
     empty.colorHex = u"#FFFFFF"_s;
     m_form->setDraft(empty);
     body()->addWidget(m_form);
+    findChild<QScrollArea*>()->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     // Made after the form, and in this order: so does Tab go.
     m_deleteButton = new QPushButton(u"Supprimer"_s, this);

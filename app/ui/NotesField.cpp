@@ -15,6 +15,7 @@ namespace {
 constexpr int leastNoteLines = 4;
 constexpr int mostNoteLines = 8;
 constexpr int notesPadding = 8;
+constexpr int notesFrame = 3;
 constexpr int notesSidePadding = 7; // The document's own margin comes on top.
 
 } // namespace
@@ -23,12 +24,15 @@ NotesField::NotesField(QWidget* parent)
     : QPlainTextEdit(parent)
 {
     setTabChangesFocus(true);
-    setFrameShape(NoFrame);
+    // Never drawn: it keeps the scroll bar off the border of the field.
+    setFrameStyle(int(Box) | int(Plain));
+    setLineWidth(notesFrame);
     setLineWrapMode(WidgetWidth);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     document()->setDocumentMargin(3);
-    setViewportMargins(notesSidePadding, notesPadding - 3, 3, notesPadding - 3);
+    setViewportMargins(notesSidePadding - notesFrame, notesPadding - 3 - notesFrame, 0,
+        notesPadding - 3 - notesFrame);
     // The field behind is one rounded shape.
     viewport()->setAutoFillBackground(false);
     setAutoFillBackground(false);

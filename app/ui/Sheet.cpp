@@ -145,8 +145,9 @@ void Sheet::fitIntoWindow()
     // A scroll bar that was needed takes the width without which texts wrap into more lines, and
     // would stay for ever.
     layout()->activate();
+    const Qt::ScrollBarPolicy wanted = m_scrollArea->verticalScrollBarPolicy();
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    m_scrollArea->setVerticalScrollBarPolicy(wanted);
 
     if (parentWidget() != nullptr) {
         const QWidget* window = parentWidget()->window();

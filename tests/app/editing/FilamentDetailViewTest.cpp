@@ -8,6 +8,7 @@
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QScrollArea>
 
 #include <limits>
 
@@ -94,6 +95,8 @@ void FilamentDetailViewTest::itShowsTheFilament()
     QCOMPARE(controls.notes()->text(), u"TPU violet"_s);
     QCOMPARE(fixture.sheet->windowModality(), Qt::WindowModal);
     QCOMPARE(fixture.sheet->panelRect().size(), QSize(480, 620));
+    QCOMPARE(fixture.sheet->findChild<QScrollArea*>()->verticalScrollBarPolicy(),
+        Qt::ScrollBarAlwaysOff);
 }
 
 void FilamentDetailViewTest::itsTextsAreExact()
