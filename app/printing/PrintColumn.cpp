@@ -21,7 +21,7 @@ QString nameOrDash(const FilamentContainer* entry)
 /// "4", or "4 (1 ent.)".
 QString spoolsCell(const Filament& filament)
 {
-    const QString spools = QString::number(filament.spoolsCount());
+    QString spools = QString::number(filament.spoolsCount());
     if (filament.openedSpoolsCount() < 1)
         return spools;
     return spools + u" ("_s + QString::number(filament.openedSpoolsCount()) + u" ent.)"_s;

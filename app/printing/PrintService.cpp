@@ -32,7 +32,7 @@ std::optional<PrintError> exportPDF(
     const ReportTextView& view, const Product& product, const QString& path)
 {
     PdfFile file(path, view.orientation(), product);
-    if (const auto error = file.open())
+    if (auto error = file.open())
         return error;
     {
         PagePainter painter(
