@@ -24,6 +24,8 @@ CsvExportView::CsvExportView(StoreContainer& container, QWidget* parent)
 
 void CsvExportView::exportStock()
 {
+    if (isBusy())
+        return;
     const auto table
         = CsvExporter::encoded(CsvExporter::stockCSV(newestFirst(m_container.context())));
     if (!table) {

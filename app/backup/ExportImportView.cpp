@@ -45,6 +45,8 @@ ExportImportView::ExportImportView(
 
 void ExportImportView::exportStock()
 {
+    if (isBusy())
+        return;
     const auto document
         = StockDocument::build(m_container.context(), StockDocument::FilamentOrder::NewestFirst)
               .encodeJSON();
@@ -59,6 +61,8 @@ void ExportImportView::exportStock()
 
 void ExportImportView::chooseDocument()
 {
+    if (isBusy())
+        return;
     FilePanels::openOpenPanel(this, u"Importer le stock"_s, jsonKind(),
         BackupService::backupFolder(m_container),
         [this](const QString& path) { importFile(path); });

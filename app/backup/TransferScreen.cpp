@@ -81,7 +81,7 @@ QPushButton* TransferScreen::addButton(const QString& symbol, const QString& tex
 
 void TransferScreen::showOutcome(StatusKind kind, const QString& text)
 {
-    setBusy(false);
+    m_isBusy = false;
     m_outcomeKind = kind;
     m_outcome = text;
     m_status->showMessage(kind, text);
@@ -89,13 +89,13 @@ void TransferScreen::showOutcome(StatusKind kind, const QString& text)
 
 void TransferScreen::beginProgress(const QString& text)
 {
-    setBusy(true);
+    m_isBusy = true;
     m_status->showMessage(StatusKind::Progress, text);
 }
 
 void TransferScreen::endProgress()
 {
-    setBusy(false);
+    m_isBusy = false;
     if (m_outcome.isEmpty())
         m_status->clear();
     else
@@ -114,13 +114,6 @@ void TransferScreen::writeFile(
             else
                 showSuccess(TransferTexts::exported(container));
         });
-}
-
-void TransferScreen::setBusy(bool busy)
-{
-    m_isBusy = busy;
-    for (auto* button : findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly))
-        button->setEnabled(!busy);
 }
 
 } // namespace reelhouse

@@ -28,8 +28,8 @@ protected:
 
     void showSuccess(const QString& text) { showOutcome(StatusKind::Success, text); }
     void showError(const QString& text) { showOutcome(StatusKind::Error, text); }
-    /// Says what is under way, at once, and lets no button be pressed until the next outcome or
-    /// endProgress.
+    /// Says what is under way, at once. Until the next outcome or endProgress the screen is busy;
+    /// its buttons keep the keyboard and do nothing.
     void beginProgress(const QString& text);
     /// Shows the former outcome again.
     void endProgress();
@@ -40,7 +40,6 @@ protected:
 
 private:
     void showOutcome(StatusKind kind, const QString& text);
-    void setBusy(bool busy);
 
     QVBoxLayout* m_buttons;
     StatusLine* m_status;

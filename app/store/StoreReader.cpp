@@ -37,7 +37,12 @@ public:
     QString text(int column) const
     {
         const auto* bytes = reinterpret_cast<const char*>(sqlite3_column_text(m_statement, column));
-        return QString::fromUtf8(bytes, sqlite3_column_bytes(m_statement, column));
+        const int size = sqlite3_column_bytes(m_statement, column);
+        QString text = QString::fromUtf8(bytes, size);
+        // Qt takes it for the mark of a file wherever a text begins with it.
+        if (size >= 3 && QByteArrayView(bytes, 3) == "\xef\xbb\xbf")
+            text.prepend(QChar::ByteOrderMark);
+        return text;
     }
 
     /// Why there are no more rows; nothing when all were read.

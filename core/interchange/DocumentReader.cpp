@@ -24,11 +24,16 @@ namespace dom = simdjson::dom;
 /// Above it a floating-point number is no longer one certain integer.
 constexpr double largestExactInteger = 9007199254740992.0;
 
-constexpr QByteArrayView byteOrderMark = "\xef\xbb\xbf";
+constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
 
 QString toText(std::string_view bytes)
 {
-    return QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    const QUtf8StringView text(bytes.data(), qsizetype(bytes.size()));
+    QString decoded = text.toString();
+    // Qt takes it for the mark of a file wherever a text begins with it.
+    if (bytes.starts_with(byteOrderMark))
+        decoded.prepend(QChar::ByteOrderMark);
+    return decoded;
 }
 
 /// Gives equal texts one buffer: a document names few entries many times.
@@ -401,8 +406,8 @@ ExportDecodingError describe(simdjson::error_code code, const QByteArray& bytes)
 
 Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
 {
-    if (bytes.startsWith(byteOrderMark))
-        bytes.remove(0, byteOrderMark.size());
+    if (bytes.startsWith(byteOrderMark.data()))
+        bytes.remove(0, qsizetype(byteOrderMark.size()));
     bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
     dom::parser parser;
     dom::element root;

@@ -68,7 +68,7 @@ QByteArray writtenDocument()
     },
     {
       "brand" : "Filéo",
-      "colorHex" : "",
+      "colorHex" : "﻿#",
       "colorName" : "",
       "dateAdded" : "2026-01-01T00:00:00Z",
       "location" : "Étagère A",
