@@ -22,7 +22,7 @@ std::filesystem::path systemPath(const QString& path)
 QString freeName(const QString& folder, QDateTime moment)
 {
     while (true) {
-        const QString path
+        QString path
             = folder + u"/sauvegarde_"_s + moment.toString(u"yyyy-MM-dd_HHmmss_zzz"_s) + u".json"_s;
         if (!DurableFiles::isTaken(path))
             return path;
