@@ -1,17 +1,23 @@
+#include "app/library/CardGrid.h"
+#include "app/library/FilterBarView.h"
 #include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
 #include "app/library/ListView.h"
+#include "app/library/StatisticsView.h"
 #include "app/store/SqliteStore.h"
 #include "app/store/StoreContainer.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/ThemeService.h"
+#include "bench/BesideFloor.h"
+#include "bench/StockFloors.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/StockGenerator.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtWidgets/QApplication>
-
-#include <benchmark/benchmark.h>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
+#include <QtWidgets/QTableView>
 
 using namespace Qt::StringLiterals;
 
@@ -19,22 +25,63 @@ namespace reelhouse::bench {
 
 namespace {
 
+constexpr QSize windowSize(1080, 800);
+
 /// The library over a stock in memory, on a screen that nobody sees.
 class ShownLibrary final {
 public:
-    explicit ShownLibrary(int filaments)
+    ShownLibrary(int filaments, ViewMode mode)
         : m_preferences(m_folder.filePath(u"preferences.ini"_s))
         , m_stock(makeStock(filaments))
         , m_library(*m_stock, m_preferences, m_favorites)
     {
-        m_library.resize(1080, 800);
+        m_library.resize(windowSize);
+        m_library.setViewMode(mode);
         m_library.show();
         QCoreApplication::processEvents();
     }
 
     StoreContext& context() { return m_stock->context(); }
-    SearchField& searchField() { return *m_library.findChild<SearchField*>(); }
-    void paint() { m_library.findChild<ListView*>()->viewport()->repaint(); }
+    QAbstractScrollArea& body()
+    {
+        switch (m_library.viewMode()) {
+        case ViewMode::List:
+            return *m_library.findChild<ListView*>();
+        case ViewMode::Cards:
+            return *m_library.findChild<CardGrid*>();
+        case ViewMode::Stats:
+            return *m_library.findChild<StatisticsView*>();
+        }
+        Q_UNREACHABLE();
+    }
+    void search(const QString& text)
+    {
+        emit m_library.findChild<SearchField*>()->textEdited(text);
+        m_library.repaint();
+    }
+    void choose(const FilterSelection& selection)
+    {
+        emit m_library.findChild<FilterBarView*>()->selectionEdited(selection);
+        m_library.repaint();
+    }
+    void edit()
+    {
+        Filament& filament = *context().fetchAll<Filament>().front();
+        filament.setSpoolsCount(filament.spoolsCount() + 1);
+        context().processPendingChanges();
+        m_library.repaint();
+    }
+    void scrollPage()
+    {
+        QScrollBar* bar = body().verticalScrollBar();
+        bar->setValue(bar->value() + bar->pageStep());
+        m_library.repaint();
+    }
+    void resizeBy(int width)
+    {
+        m_library.resize(m_library.width() + width, m_library.height());
+        m_library.repaint();
+    }
 
 private:
     static std::unique_ptr<StoreContainer> makeStock(int filaments)
@@ -53,32 +100,142 @@ private:
     LibraryView m_library;
 };
 
-/// One more spool of one filament: setter, refreshed screens, saved in memory, list painted.
-void editToPaintedList(benchmark::State& state)
+/// As many rows as wanted, and nothing in them.
+class EmptyRows final : public QAbstractTableModel {
+public:
+    void setRows(int rows)
+    {
+        beginResetModel();
+        m_rows = rows;
+        endResetModel();
+    }
+    int rowCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : m_rows; }
+    int columnCount(const QModelIndex& parent) const override { return parent.isValid() ? 0 : 5; }
+    QVariant data(const QModelIndex&, int) const override { return {}; }
+
+private:
+    int m_rows = 0;
+};
+
+/// What no library could do without: the search folds each text once, the result is counted into
+/// order by ready ranks, and a table without content is reset and painted.
+class LibraryFloor final {
+public:
+    LibraryFloor(StoreContext& context, const QString& query)
+        : m_context(context)
+        , m_ranks(context)
+        , m_search(normalizedForSearch(query))
+    {
+        m_table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+        m_table.verticalHeader()->hide();
+        m_table.setModel(&m_rows);
+        m_table.resize(windowSize);
+        m_table.show();
+        QCoreApplication::processEvents();
+    }
+
+    void search()
+    {
+        std::vector<RankedFilament> found;
+        bareSearch(m_context, m_search,
+            [&](const Filament& filament) { found.push_back(m_ranks.of(filament)); });
+        show(orderByReadyRanks(std::move(found), m_ranks));
+    }
+    void showAll() { show(orderByReadyRanks(m_context, m_ranks)); }
+
+private:
+    void show(const std::vector<FilamentId>& ids)
+    {
+        m_rows.setRows(int(ids.size()));
+        m_table.repaint();
+    }
+
+    StoreContext& m_context;
+    ReadyRanks m_ranks;
+    BareSearch m_search;
+    EmptyRows m_rows;
+    QTableView m_table;
+};
+
+/// A letter that narrows the stock, typed into the empty search field.
+void letter(benchmark::State& state, ViewMode mode)
 {
-    ShownLibrary library(int(state.range(0)));
-    Filament& filament = *library.context().fetchAll<Filament>().front();
+    ShownLibrary library(int(state.range(0)), mode);
+    LibraryFloor floor(library.context(), u"e"_s);
+    const auto ours = [&] {
+        library.search({});
+        return processorSecondsOf([&] { library.search(u"e"_s); });
+    };
+    measureBesideFloor(state, ours, [&] { return processorSecondsOf([&] { floor.search(); }); });
+}
+
+/// The choice of a bucket in the filter bar, beside the order of the whole stock.
+void choice(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
+    LibraryFloor floor(library.context(), {});
+    const auto ours = [&] {
+        library.choose({});
+        return processorSecondsOf([&] { library.choose({.opened = 0}); });
+    };
+    measureBesideFloor(state, ours, [&] { return processorSecondsOf([&] { floor.showAll(); }); });
+}
+
+/// One more spool of one filament, with the screen of `mode` refreshed and painted, and saved in
+/// memory; beside a search, which the statistics are to keep up with.
+void edit(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
+    LibraryFloor floor(library.context(), u"e"_s);
+    measureBesideFloor(
+        state, [&] { return processorSecondsOf([&] { library.edit(); }); },
+        [&] { return processorSecondsOf([&] { floor.search(); }); });
+}
+
+void scroll(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
+    while (state.KeepRunning())
+        library.scrollPage();
+}
+
+void resize(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
+    int step = 7;
     while (state.KeepRunning()) {
-        filament.setSpoolsCount(filament.spoolsCount() + 1);
-        library.context().processPendingChanges();
-        library.paint();
+        library.resizeBy(step);
+        step = -step;
     }
 }
 
-/// A letter that narrows the list, and its removal, each with the list painted.
-void twoKeysToPaintedList(benchmark::State& state)
+using LibraryMeasure = void (*)(benchmark::State&, ViewMode);
+
+void registerMeasure(const QString& name, LibraryMeasure measure, ViewMode mode, bool besideFloor)
 {
-    ShownLibrary library(int(state.range(0)));
-    while (state.KeepRunning()) {
-        emit library.searchField().textEdited(u"e"_s);
-        library.paint();
-        emit library.searchField().textEdited({});
-        library.paint();
+    const QByteArray title = (name + u'/' + viewModeTitle(mode)).toUtf8();
+    for (const int filaments : {1'000, 100'000, 1'000'000}) {
+        auto* entry = benchmark::RegisterBenchmark(
+            title.constData(), [measure, mode](benchmark::State& state) { measure(state, mode); });
+        entry->Arg(filaments)->Unit(benchmark::kMillisecond);
+        if (besideFloor)
+            entry->UseManualTime()->Iterations(filaments > 100'000 ? 11 : 41);
+        else
+            entry->Iterations(51);
     }
 }
 
-BENCHMARK(editToPaintedList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
-BENCHMARK(twoKeysToPaintedList)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+void registerMeasures()
+{
+    for (const ViewMode mode : {ViewMode::List, ViewMode::Cards}) {
+        registerMeasure(u"letter"_s, letter, mode, true);
+        registerMeasure(u"choice"_s, choice, mode, true);
+        registerMeasure(u"scroll"_s, scroll, mode, false);
+        registerMeasure(u"resize"_s, resize, mode, false);
+    }
+    for (const ViewMode mode : {ViewMode::List, ViewMode::Cards, ViewMode::Stats})
+        registerMeasure(u"edit"_s, edit, mode, true);
+}
 
 } // namespace
 
@@ -90,6 +247,7 @@ int main(int argc, char* argv[])
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     const reelhouse::ThemeService theme;
+    reelhouse::bench::registerMeasures();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -15,10 +15,15 @@ namespace reelhouse {
 
 namespace {
 
-qsizetype countLength(const Filament& filament)
+/// How many characters the two counts take, but for their words.
+int countLength(const Filament& filament)
 {
-    const auto length
-        = [](qint64 count) { return QString::number(count).size() + (count >= 2 ? 1 : 0); };
+    const auto length = [](qint64 count) {
+        int digits = count >= 2 ? 2 : 1; // With the "s" of a plural.
+        for (; count >= 10; count /= 10)
+            ++digits;
+        return digits;
+    };
     return length(filament.spoolsCount()) + length(filament.openedSpoolsCount());
 }
 
@@ -56,12 +61,12 @@ void CardGrid::showRows(std::vector<FilamentId> rows)
 
 void CardGrid::findWidestCounts()
 {
-    qsizetype longest = 0;
+    int longest = 0;
     m_widestCounts = {};
     for (const auto& filament : m_context.fetchAll<Filament>()) {
         if (filament->openedSpoolsCount() < 1)
             continue;
-        const qsizetype length = countLength(*filament);
+        const int length = countLength(*filament);
         if (length > longest) {
             longest = length;
             m_widestCounts = filament->id();
@@ -180,9 +185,36 @@ void CardGrid::doItemsLayout()
     QAbstractItemView::doItemsLayout(); // NOLINT(bugprone-parent-virtual-call): nothing to measure
 }
 
-void CardGrid::dataChanged(const QModelIndex&, const QModelIndex&, const QList<int>&)
+void CardGrid::dataChanged(
+    const QModelIndex& topLeft, const QModelIndex& bottomRight, const QList<int>& roles)
 {
-    viewport()->update();
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): its parent would lay all cards out anew
+    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+}
+
+void CardGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+{
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): its parent would look for the laid out card
+    QAbstractItemView::currentChanged(current, previous);
+    announce(QAccessible::Focus, hasFocus() ? current : QModelIndex());
+}
+
+void CardGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): as above
+    QAbstractItemView::selectionChanged(selected, deselected);
+    announce(QAccessible::Selection, selected.indexes().value(0));
+    announce(QAccessible::SelectionRemove, deselected.indexes().value(0));
+}
+
+/// Tells assistive technology of an event that befell one card.
+void CardGrid::announce(QAccessible::Event what, const QModelIndex& index)
+{
+    if (!QAccessible::isActive() || !index.isValid())
+        return;
+    QAccessibleEvent event(this, what);
+    event.setChild(index.row());
+    QAccessible::updateAccessibility(&event);
 }
 
 void CardGrid::updateGeometries()

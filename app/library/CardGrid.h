@@ -4,6 +4,7 @@
 #include "app/library/CardLayout.h"
 #include "app/library/SelectedFilament.h"
 
+#include <QtGui/QAccessible>
 #include <QtWidgets/QListView>
 
 namespace reelhouse {
@@ -40,6 +41,9 @@ signals:
     void moved();
 
 protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(
+        const QItemSelection& selected, const QItemSelection& deselected) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     int horizontalOffset() const override { return 0; }
     int verticalOffset() const override;
@@ -59,6 +63,7 @@ protected:
 
 private:
     int cardCount() const;
+    void announce(QAccessible::Event what, const QModelIndex& index);
     void hover(int row);
     void findWidestCounts();
     void decideCounts();

@@ -5,6 +5,7 @@
 #include "app/library/ListHeader.h"
 #include "app/library/SpoolActions.h"
 
+#include <QtCore/QScopedValueRollback>
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
 
@@ -101,6 +102,8 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     connect(delegate, &FilamentRowDelegate::removeSpoolRequested, this,
         [this](const QModelIndex& index) { m_actions.removeSpool(m_model->idAt(index.row())); });
     addActions(m_actions.commands());
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+        [this] { m_hasOwnWidths = m_hasOwnWidths || !m_isSharingColumns; });
     updateMetrics();
 }
 
@@ -121,11 +124,13 @@ void ListView::updateMetrics()
 void ListView::resizeEvent(QResizeEvent* event)
 {
     QTableView::resizeEvent(event);
-    shareColumns();
+    if (!m_hasOwnWidths)
+        shareColumns();
 }
 
 void ListView::shareColumns()
 {
+    const QScopedValueRollback sharing(m_isSharingColumns, true);
     const std::vector<int> widths = listColumnWidths(viewport()->width());
     for (size_t column = 0; column < widths.size(); ++column)
         setColumnWidth(int(column), widths[column]);

@@ -14,7 +14,8 @@ class SpoolActions;
 class StoreContext;
 
 /// The stock as a table, one row a filament. The selection and the scroll position hold across
-/// edits and filters: the selection goes by identity.
+/// edits and filters: the selection goes by identity. Columns share the width until the user drags
+/// one.
 class ListView final : public QTableView {
     Q_OBJECT
 
@@ -50,6 +51,8 @@ private:
     SpoolActions& m_actions;
     FilamentTableModel* m_model;
     SelectedFilament* m_selected;
+    bool m_isSharingColumns = false;
+    bool m_hasOwnWidths = false; ///< The user has dragged a column.
     int m_hoveredRow = -1;
     QPoint m_pointerPosition{-1, -1};
 };

@@ -8,6 +8,7 @@
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QHeaderView>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
@@ -20,6 +21,7 @@ class ListViewTest final : public QObject {
 private slots:
     void columnsShareTheWidth_data();
     void columnsShareTheWidth();
+    void aDraggedColumnKeepsItsWidth();
     void plusAndMinusChangeTheCount();
     void twoQuickClicksCountTwiceAndOpenNothing();
     void stepButtonsHideWhereTheyWouldCoverText();
@@ -87,6 +89,21 @@ void ListViewTest::columnsShareTheWidth()
     const std::vector<int> widths = listColumnWidths(available);
 
     QTEST(QList<int>(widths.begin(), widths.end()), "expected");
+}
+
+void ListViewTest::aDraggedColumnKeepsItsWidth()
+{
+    ListViewFixture fixture(3);
+    const int shared = fixture.list.columnWidth(2);
+    fixture.list.resize(1200, 600);
+    QVERIFY(fixture.list.columnWidth(2) > shared);
+
+    const int dragged = 321;
+    fixture.list.horizontalHeader()->resizeSection(2, dragged); // As the mouse does.
+
+    fixture.list.resize(900, 600);
+    fixture.list.showRows({fixture.ids[0]});
+    QCOMPARE(fixture.list.columnWidth(2), dragged);
 }
 
 void ListViewTest::plusAndMinusChangeTheCount()
