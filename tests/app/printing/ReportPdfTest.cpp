@@ -141,7 +141,7 @@ void ReportPdfTest::initTestCase()
 QString ReportPdfTest::write(
     const PrintedStock& stock, const ReportChoice& choice, const Product& product)
 {
-    const QString pdf = m_folder.filePath(u"report.pdf"_s);
+    QString pdf = m_folder.filePath(u"report.pdf"_s);
     const ReportTextView view
         = PrintService::makeReportView(stock.filaments(), choice, product, QDate(2026, 11, 15));
     const auto error = PrintService::exportPDF(view, product, pdf);
