@@ -185,11 +185,9 @@ void CardGrid::doItemsLayout()
     QAbstractItemView::doItemsLayout(); // NOLINT(bugprone-parent-virtual-call): nothing to measure
 }
 
-void CardGrid::dataChanged(
-    const QModelIndex& topLeft, const QModelIndex& bottomRight, const QList<int>& roles)
+void CardGrid::dataChanged(const QModelIndex&, const QModelIndex&, const QList<int>&)
 {
-    // NOLINTNEXTLINE(bugprone-parent-virtual-call): its parent would lay all cards out anew
-    QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    viewport()->update(); // The parent class would ask where each of the cards lies.
 }
 
 void CardGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous)
