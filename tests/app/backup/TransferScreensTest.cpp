@@ -6,6 +6,7 @@
 #include "tests/app/backup/BackupFixture.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QTimer>
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>

@@ -118,7 +118,7 @@ void DurableFilesTest::onAFullDiskTheFormerFileStays()
     QFETCH(int, kilobytes);
     const auto answer = onSmallDisk(m_folder->path(), kilobytes, [&] {
         DurableFiles::write(path(), pattern(5000, 'o'));
-        const auto error = DurableFiles::write(path(), pattern(300 * 1024, 'n'));
+        const auto error = DurableFiles::write(path(), pattern(qsizetype{300} * 1024, 'n'));
         const bool isFormer = bytesOf(path()) == pattern(5000, 'o');
         const bool fitsAgain = !DurableFiles::write(path(), "petit");
         return QStringList{QString::number(error ? error->code : 0),
@@ -204,7 +204,7 @@ void DurableFilesTest::aFileOfTheUserIsOverwrittenInPlace()
 void DurableFilesTest::anOverwrittenFileThatDoesNotFitIsAFailure()
 {
     const auto answer = onSmallDisk(m_folder->path(), 64, [&] {
-        const auto error = UserFiles::overwrite(path(), pattern(300 * 1024, 'n'));
+        const auto error = UserFiles::overwrite(path(), pattern(qsizetype{300} * 1024, 'n'));
         return QStringList{error ? error->description().section(u'(', 0, 0) : u"success"_s};
     });
     if (!answer)

@@ -134,15 +134,14 @@ void DocumentReaderTest::theRootIsHeldToItsForm_data()
         const QString name = QString::fromLatin1(list);
         QTest::addRow("without %s", list)
             << without(list) << name + u" : champ obligatoire absent"_s;
-        QByteArray text = empty;
         const QByteArray key = QByteArray("\"") + list + "\":";
-        QTest::addRow("%s null", list) << QByteArray(text).replace(key + "[]", key + "null")
+        QTest::addRow("%s null", list) << QByteArray(empty).replace(key + "[]", key + "null")
                                        << name + u" : champ obligatoire absent"_s;
-        QTest::addRow("%s an object", list) << QByteArray(text).replace(key + "[]", key + "{}")
+        QTest::addRow("%s an object", list) << QByteArray(empty).replace(key + "[]", key + "{}")
                                             << name + u" : une liste est attendue"_s;
-        QTest::addRow("%s twice", list) << QByteArray(text).replace("{", "{" + key + "[],")
+        QTest::addRow("%s twice", list) << QByteArray(empty).replace("{", "{" + key + "[],")
                                         << name + u" : champ présent plusieurs fois"_s;
-        QTest::addRow("%s of numbers", list) << QByteArray(text).replace(key + "[]", key + "[7]")
+        QTest::addRow("%s of numbers", list) << QByteArray(empty).replace(key + "[]", key + "[7]")
                                              << name + u"[0] : un objet est attendu"_s;
     }
     const auto version = [&](const QByteArray& value) {
