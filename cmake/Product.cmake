@@ -1,5 +1,5 @@
 # What the program says of itself. Whoever publishes it gives these at configuration time.
-set(SPOOLWRIGHT_VERSION "1.0.0" CACHE STRING "The version that the program shows")
+set(SPOOLWRIGHT_VERSION "${PROJECT_VERSION}" CACHE STRING "The version that the program shows")
 set(SPOOLWRIGHT_BUILD "1" CACHE STRING "The build number that the program shows")
 set(SPOOLWRIGHT_DEVELOPER "l'équipe Spoolwright" CACHE STRING "Who developed it")
 set(SPOOLWRIGHT_WEBSITE "https://spoolwright.example/" CACHE STRING "Its web site")
