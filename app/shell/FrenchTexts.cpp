@@ -31,7 +31,7 @@ constexpr std::array missingTexts{
 QString FrenchTexts::Translator::translate(
     const char* context, const char* source, const char* disambiguation, int n) const
 {
-    const QString known = QTranslator::translate(context, source, disambiguation, n);
+    QString known = QTranslator::translate(context, source, disambiguation, n);
     if (!known.isEmpty())
         return known;
     const auto* missing = std::find_if(missingTexts.begin(), missingTexts.end(),

@@ -184,7 +184,7 @@ xcb_keycode_t Screen::keycodeOf(xcb_keysym_t key) const
         return 0;
     const xcb_keysym_t* names = xcb_get_keyboard_mapping_keysyms(mapping.get());
     for (int place = 0; place < count; ++place) {
-        if (names[place * mapping->keysyms_per_keycode] == key)
+        if (names[qsizetype(place) * mapping->keysyms_per_keycode] == key)
             return static_cast<xcb_keycode_t>(setup->min_keycode + place);
     }
     return 0;

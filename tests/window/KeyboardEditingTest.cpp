@@ -121,7 +121,7 @@ void KeyboardEditingTest::aFilamentLivesAndIsUndone()
     QVERIFY(waitUntil([&] { return rows().size() == sampleFilaments + 1; }));
     const QStringList added = rows();
     QCOMPARE(added.mid(0, sampleFilaments), atFirst);
-    const QString newRow = added.last();
+    const QString& newRow = added.last();
     QCOMPARE(newRow.section(u'|', 0, 9),
         u"9|TPU|Prusament|TPU 85A|Tiroir 2|12|3|#4CAF50|vert essai|ligne\n"_s);
     const qint64 date = newRow.section(u'|', 10).toLongLong();

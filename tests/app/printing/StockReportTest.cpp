@@ -164,7 +164,7 @@ void StockReportTest::columnsStandAtTheirTabStops()
     const StockReport report(
         stock.filaments(), {Kind::Type, Kind::Spools, Kind::Notes}, pageContent, {}, dayOfPrinting);
 
-    const QList<qreal> widths = report.columnWidths();
+    const QList<qreal>& widths = report.columnWidths();
     QCOMPARE(report.scale(), 1.0);
     // There is room: each column is as wide as its widest text, the last one takes the rest.
     QCOMPARE(widths[0], report.fontOf(Row).width(u"Polycarbonate"_s));

@@ -27,7 +27,7 @@ private slots:
 
 namespace {
 
-const auto longName = u"Boîte étanche du sous-sol, rayon de gauche"_s;
+const auto longPlace = u"Boîte étanche du sous-sol, rayon de gauche"_s;
 
 class TypeCapsule final : public CapsuleButton {
 public:
@@ -81,17 +81,17 @@ void CapsuleButtonTest::aLongValueIsCutAndStandsInTheTooltip()
     TypeCapsule capsule;
     const int bare = capsule.sizeHint().width();
 
-    capsule.setValue(longName);
+    capsule.setValue(longPlace);
 
     QVERIFY(capsule.sizeHint().width() <= bare + 112);
-    QCOMPARE(capsule.toolTip(), longName);
-    QCOMPARE(spokenDescription(&capsule), longName);
+    QCOMPARE(capsule.toolTip(), longPlace);
+    QCOMPARE(spokenDescription(&capsule), longPlace);
 }
 
 void CapsuleButtonTest::aShortValueNeedsNoTooltip()
 {
     TypeCapsule capsule;
-    capsule.setValue(longName);
+    capsule.setValue(longPlace);
 
     capsule.setValue(u"PLA"_s);
 
@@ -100,9 +100,9 @@ void CapsuleButtonTest::aShortValueNeedsNoTooltip()
 
 void CapsuleButtonTest::theFieldIsNeverCut()
 {
-    const CapsuleButton capsule(u"map.fill"_s, longName, u"Tous"_s, &Theme::locationTint);
+    const CapsuleButton capsule(u"map.fill"_s, longPlace, u"Tous"_s, &Theme::locationTint);
 
-    QVERIFY(capsule.sizeHint().width() > QFontMetrics(capsule.font()).horizontalAdvance(longName));
+    QVERIFY(capsule.sizeHint().width() > QFontMetrics(capsule.font()).horizontalAdvance(longPlace));
     QCOMPARE(capsule.minimumSizeHint(), capsule.sizeHint());
 }
 

@@ -21,7 +21,7 @@ private slots:
 
 namespace {
 
-constexpr qint64 largest = std::numeric_limits<qint64>::max();
+constexpr qint64 largestCount = std::numeric_limits<qint64>::max();
 
 void insertFilament(StoreContext& context, FilamentType* type, qint64 spools, qint64 opened)
 {
@@ -60,12 +60,12 @@ void StockTotalsTest::sumsStayAtTheLargestInteger()
 {
     tests::RecordingStore store;
     StoreContext context(store);
-    insertFilament(context, nullptr, largest, largest);
+    insertFilament(context, nullptr, largestCount, largestCount);
     insertFilament(context, nullptr, 1, 0);
-    insertFilament(context, nullptr, largest, largest);
+    insertFilament(context, nullptr, largestCount, largestCount);
 
     QCOMPARE(stockTotals(context),
-        (StockTotals{.filaments = 3, .spools = largest, .opened = largest, .types = 0}));
+        (StockTotals{.filaments = 3, .spools = largestCount, .opened = largestCount, .types = 0}));
 }
 
 REELHOUSE_TEST(StockTotalsTest)
