@@ -33,7 +33,6 @@ constexpr std::array scenes{
     Scene{"stats", '3', false},
     Scene{"add", 'n', true},
     Scene{"print", 'p', true},
-    Scene{"settings", ',', true},
 };
 
 int report(const char* what)
