@@ -4,6 +4,7 @@
 #include "app/library/FilterFavoritesStore.h"
 #include "app/ui/Alert.h"
 #include "core/preferences/Preferences.h"
+#include "tests/support/ShownButton.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTemporaryDir>
@@ -16,6 +17,7 @@
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
+using reelhouse::tests::shownButton;
 
 /// The sheet that saves a favourite and the one that manages them, worked as by a user.
 class FavoriteSheetsTest final : public QObject {
@@ -53,15 +55,6 @@ QStringList shownTexts(const QWidget& widget)
             texts << label->text();
     }
     return texts;
-}
-
-QPushButton* shownButton(const QWidget& widget, const QString& name)
-{
-    for (QPushButton* button : widget.findChildren<QPushButton*>()) {
-        if (button->isVisible() && (button->text() == name || button->accessibleName() == name))
-            return button;
-    }
-    return nullptr;
 }
 
 struct SheetFixture {

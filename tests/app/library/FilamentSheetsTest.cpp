@@ -8,6 +8,7 @@
 #include "app/ui/Alert.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
+#include "tests/support/ShownButton.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTemporaryDir>
@@ -17,6 +18,7 @@
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
+using reelhouse::tests::shownButton;
 
 /// What opens over the library, by mouse and by keyboard.
 class FilamentSheetsTest final : public QObject {
@@ -57,14 +59,6 @@ struct SheetsFixture {
         T* sheet = library.findChild<T*>();
         return sheet && sheet->isVisible() ? sheet : nullptr;
     }
-    QPushButton* button(const QWidget* parent, const QString& text) const
-    {
-        for (QPushButton* found : parent->findChildren<QPushButton*>()) {
-            if (found->isVisible() && found->text() == text)
-                return found;
-        }
-        return nullptr;
-    }
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};
@@ -94,7 +88,7 @@ void FilamentSheetsTest::additionOpens()
     QVERIFY(!fixture.opened<AddFilamentView>());
 
     if (way == u"button"_s) {
-        QTest::mouseClick(fixture.button(&fixture.library, u"Ajouter"_s), Qt::LeftButton);
+        QTest::mouseClick(shownButton(fixture.library, u"Ajouter"_s), Qt::LeftButton);
     } else if (way == u"key"_s) {
         QTest::keyClick(&fixture.library, Qt::Key_N, Qt::ControlModifier);
     } else {
@@ -117,7 +111,7 @@ void FilamentSheetsTest::theEmptyStockOffersToAdd()
 {
     const SheetsFixture fixture(StoreKind::Memory);
 
-    QTest::mouseClick(fixture.button(&fixture.library, u"Ajouter un filament"_s), Qt::LeftButton);
+    QTest::mouseClick(shownButton(fixture.library, u"Ajouter un filament"_s), Qt::LeftButton);
 
     QVERIFY(fixture.opened<AddFilamentView>());
 }
@@ -177,7 +171,7 @@ void FilamentSheetsTest::aCopyOpensItsOwnDetail()
     QCOMPARE(fixture.stock->context().count<Filament>(), 9);
     auto* sheet = fixture.opened<FilamentDetailView>();
     QVERIFY(sheet);
-    QTest::mouseClick(fixture.button(sheet, u"Annuler"_s), Qt::LeftButton);
+    QTest::mouseClick(shownButton(*sheet, u"Annuler"_s), Qt::LeftButton);
     QVERIFY(!fixture.opened<FilamentDetailView>());
     QCOMPARE(fixture.stock->context().count<Filament>(), 9);
 }
@@ -198,7 +192,7 @@ void FilamentSheetsTest::theLastSpoolAsksToDelete()
     auto* alert = fixture.opened<Alert>();
     QVERIFY(alert);
     QCOMPARE(context.find(id)->spoolsCount(), 1);
-    QTest::mouseClick(fixture.button(alert, u"Supprimer"_s), Qt::LeftButton);
+    QTest::mouseClick(shownButton(*alert, u"Supprimer"_s), Qt::LeftButton);
     QVERIFY(!context.find(id));
     QCOMPARE(context.undoActionName(), u"Supprimer"_s);
     context.undo();

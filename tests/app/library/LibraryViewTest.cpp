@@ -9,6 +9,7 @@
 #include "app/ui/SearchField.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/MemoryStock.h"
+#include "tests/support/ShownButton.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTemporaryDir>
@@ -19,6 +20,7 @@
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
+using reelhouse::tests::shownButton;
 
 class LibraryViewTest final : public QObject {
     Q_OBJECT
@@ -72,14 +74,7 @@ struct LibraryViewFixture {
         }
         return texts;
     }
-    QPushButton* button(const QString& text) const
-    {
-        for (QPushButton* button : library.findChildren<QPushButton*>()) {
-            if (button->isVisible() && (button->text() == text || button->accessibleName() == text))
-                return button;
-        }
-        return nullptr;
-    }
+    QPushButton* button(const QString& text) const { return shownButton(library, text); }
 
     QTemporaryDir folder;
     Preferences preferences{folder.filePath(u"preferences.conf"_s)};

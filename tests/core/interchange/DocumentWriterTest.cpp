@@ -1,10 +1,12 @@
 #include "core/interchange/DocumentReader.h"
 #include "core/interchange/ExportData.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/WholeDocument.h"
 
 #include <QtTest/QTest>
 
 using namespace reelhouse;
+using namespace reelhouse::tests;
 using namespace Qt::StringLiterals;
 
 class DocumentWriterTest final : public QObject {
@@ -27,67 +29,6 @@ private slots:
 
 namespace {
 
-QByteArray wholeDocument()
-{
-    return R"({
-  "brands" : [
-    {
-      "name" : "Filéo"
-    },
-    {
-      "name" : "Trois\/D"
-    }
-  ],
-  "filaments" : [
-    {
-      "brand" : "Filéo",
-      "colorHex" : "#E53935",
-      "colorName" : "Rouge",
-      "dateAdded" : "2025-03-14T09:26:53Z",
-      "location" : "Étagère A",
-      "notes" : "Sécher 4 h\n\"avant\" usage",
-      "openedSpoolsCount" : 5,
-      "range" : "Matte",
-      "spoolsCount" : 2,
-      "type" : "PLA"
-    },
-    {
-      "brand" : "Trois\/D",
-      "colorHex" : "",
-      "colorName" : "",
-      "dateAdded" : "1969-12-31T23:59:59Z",
-      "location" : "Étagère A",
-      "notes" : "",
-      "openedSpoolsCount" : -1,
-      "range" : "Matte",
-      "spoolsCount" : -3,
-      "type" : ""
-    }
-  ],
-  "locations" : [
-    {
-      "name" : "Étagère A"
-    }
-  ],
-  "ranges" : [
-    {
-      "name" : "Matte"
-    }
-  ],
-  "schemaVersion" : 1,
-  "types" : [
-    {
-      "iconName" : "drop.fill",
-      "name" : "PLA"
-    },
-    {
-      "iconName" : "",
-      "name" : ""
-    }
-  ]
-})";
-}
-
 ExportData wholeData()
 {
     ExportData data;
@@ -99,7 +40,8 @@ ExportData wholeData()
     data.filaments = {
         {u"PLA"_s, u"Filéo"_s, u"Matte"_s, u"Étagère A"_s, 2, 5, u"#E53935"_s, u"Rouge"_s,
             u"Sécher 4 h\n\"avant\" usage"_s, 1741944413750},
-        {u""_s, u"Trois/D"_s, u"Matte"_s, u"Étagère A"_s, -3, -1, u""_s, u""_s, u""_s, -250},
+        {u""_s, u"Trois/D"_s, u"Matte"_s, u"Étagère A"_s, -3, -1, u"\uFEFF#"_s, u""_s,
+            QString(QChar(u'\0')), -250},
     };
     return data;
 }
