@@ -71,13 +71,9 @@ std::optional<StoreError> checkCompanions(const QString& path)
 std::optional<StoreError> checkRights(const QString& path)
 {
     if (!isWritable(path))
-        return StoreError{
-            sentenceWithDetail(u"Le fichier de la base de données est en lecture seule"_s,
-                lastSystemError().detail())};
+        return StoreError{u"Le fichier de la base de données est en lecture seule."_s};
     if (!isWritable(QFileInfo(path).path()))
-        return StoreError{
-            sentenceWithDetail(u"Le dossier de la base de données est en lecture seule"_s,
-                lastSystemError().detail())};
+        return StoreError{u"Le dossier de la base de données est en lecture seule."_s};
     return std::nullopt;
 }
 

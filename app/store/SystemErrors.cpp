@@ -10,6 +10,7 @@ namespace reelhouse {
 
 namespace {
 
+/// Nothing where no sentence of ours says all.
 QString systemSentence(int error)
 {
     switch (error) {
@@ -51,17 +52,16 @@ QString systemSentence(int error)
     case EIO:
         return u"Le disque a signalé une erreur de lecture ou d'écriture"_s;
     default:
-        return u"Le système a signalé une erreur"_s;
+        return {};
     }
 }
 
+/// Nothing where no sentence of ours says all.
 QString sqliteSentence(int resultCode)
 {
     switch (resultCode & 0xff) {
     case SQLITE_NOTADB:
         return u"Le fichier n'est pas une base de données"_s;
-    case SQLITE_CORRUPT:
-        return u"La base de données est endommagée"_s;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
         return u"La base de données est utilisée par une autre application"_s;
@@ -80,6 +80,17 @@ QString sqliteSentence(int resultCode)
         return u"La base de données ne peut pas être lue ou écrite"_s;
     case SQLITE_TOOBIG:
         return u"Un texte est trop long pour la base de données"_s;
+    default:
+        return {};
+    }
+}
+
+/// What is said before SQLite's own words, which tell more.
+QString beginningOfSqliteSentence(int resultCode)
+{
+    switch (resultCode & 0xff) {
+    case SQLITE_CORRUPT:
+        return u"La base de données est endommagée"_s;
     case SQLITE_CONSTRAINT:
     case SQLITE_MISMATCH:
         return u"La base de données refuse une valeur"_s;
@@ -98,14 +109,13 @@ QString sentenceWithDetail(const QString& sentence, const QString& detail)
     return detail.isEmpty() ? sentence + u'.' : sentence + u" ("_s + detail + u")."_s;
 }
 
-QString SystemError::detail() const
-{
-    return QString::fromStdString(std::generic_category().message(code));
-}
-
 QString SystemError::description() const
 {
-    return sentenceWithDetail(systemSentence(code), detail());
+    const QString known = systemSentence(code);
+    if (!known.isEmpty())
+        return known + u'.';
+    return sentenceWithDetail(u"Le système a signalé une erreur"_s,
+        QString::fromStdString(std::generic_category().message(code)));
 }
 
 SystemError lastSystemError()
@@ -115,7 +125,10 @@ SystemError lastSystemError()
 
 StoreError describeSqliteError(int resultCode, const QString& detail)
 {
-    return {sentenceWithDetail(sqliteSentence(resultCode), detail)};
+    const QString known = sqliteSentence(resultCode);
+    if (!known.isEmpty())
+        return {known + u'.'};
+    return {sentenceWithDetail(beginningOfSqliteSentence(resultCode), detail)};
 }
 
 } // namespace reelhouse

@@ -108,7 +108,7 @@ void BackupFaultTest::aFullDiskCostsNoBackup()
         const QStringList before = fixture.entries();
         StockDocument::replaceStock(stock.context(), stockOf(u"Bleu"_s, 3000));
         const auto failed = BackupService::performBackup(stock, 2);
-        return QStringList{failed ? u"written"_s : failed.error().description().section(u'(', 0, 0),
+        return QStringList{failed ? u"written"_s : failed.error().description(),
             QString::number(before.size()), before == fixture.entries() ? u"same"_s : u"other"_s,
             unreadableBackups(fixture.backupFolder()).join(u' ')};
     });
@@ -116,7 +116,7 @@ void BackupFaultTest::aFullDiskCostsNoBackup()
         QSKIP("This system does not let the user mount a disk.");
 
     QCOMPARE(*answer,
-        (QStringList{u"La sauvegarde n'a pas pu être écrite : Le disque est plein "_s, u"2"_s,
+        (QStringList{u"La sauvegarde n'a pas pu être écrite : Le disque est plein."_s, u"2"_s,
             u"same"_s, QString()}));
 }
 

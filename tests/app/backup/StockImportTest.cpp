@@ -7,6 +7,7 @@
 #include "tests/app/store/OtherProcess.h"
 #include "tests/support/RecordingStore.h"
 #include "tests/support/TestMain.h"
+#include "tests/support/WholeDocument.h"
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
@@ -40,68 +41,6 @@ private slots:
 };
 
 namespace {
-
-/// Every key present, records in store order.
-QByteArray writtenDocument()
-{
-    return R"({
-  "brands" : [
-    {
-      "name" : "Filéo"
-    },
-    {
-      "name" : "Acme"
-    }
-  ],
-  "filaments" : [
-    {
-      "brand" : "Acme",
-      "colorHex" : "#E53935",
-      "colorName" : "Rouge",
-      "dateAdded" : "2025-03-14T09:26:53Z",
-      "location" : "Étagère A",
-      "notes" : "50\/50\nfin",
-      "openedSpoolsCount" : 5,
-      "range" : "Matte",
-      "spoolsCount" : 2,
-      "type" : "PLA"
-    },
-    {
-      "brand" : "Filéo",
-      "colorHex" : "﻿#",
-      "colorName" : "",
-      "dateAdded" : "2026-01-01T00:00:00Z",
-      "location" : "Étagère A",
-      "notes" : "\u0000",
-      "openedSpoolsCount" : -1,
-      "range" : "Matte",
-      "spoolsCount" : -4,
-      "type" : ""
-    }
-  ],
-  "locations" : [
-    {
-      "name" : "Étagère A"
-    }
-  ],
-  "ranges" : [
-    {
-      "name" : "Matte"
-    }
-  ],
-  "schemaVersion" : 1,
-  "types" : [
-    {
-      "iconName" : "drop.fill",
-      "name" : "PLA"
-    },
-    {
-      "iconName" : "",
-      "name" : ""
-    }
-  ]
-})";
-}
 
 ExportData decoded(const QByteArray& bytes)
 {
@@ -157,9 +96,9 @@ void StockImportTest::documentToStockToDocumentIsTheSameBytes()
         return std::move(
             StoreContainer::load(std::move(store.value()), StoreKind::File, path).value());
     };
-    QVERIFY(!StockDocument::replaceStock(open()->context(), decoded(writtenDocument())));
+    QVERIFY(!StockDocument::replaceStock(open()->context(), decoded(wholeDocument())));
 
-    QCOMPARE(documentOf(open()->context()), writtenDocument());
+    QCOMPARE(documentOf(open()->context()), wholeDocument());
 }
 
 void StockImportTest::exportsAreSortedNewestFirst()
@@ -344,22 +283,22 @@ void StockImportTest::filesAreReadOrRefused_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("expected"); // The beginning of the refusal; empty: read.
 
-    QTest::newRow("a document") << writtenDocument() << QString();
+    QTest::newRow("a document") << wholeDocument() << QString();
     QTest::newRow("a version of the future")
-        << writtenDocument().replace("\"schemaVersion\" : 1", "\"schemaVersion\" : 2")
+        << wholeDocument().replace("\"schemaVersion\" : 1", "\"schemaVersion\" : 2")
         << u"Ce fichier utilise un format plus récent (version 2) que cette version de l'application."_s;
-    QTest::newRow("damaged") << writtenDocument().chopped(2)
+    QTest::newRow("damaged") << wholeDocument().chopped(2)
                              << u"ligne 56 : le fichier n'est pas un document JSON valide"_s;
-    QTest::newRow("a missing key") << writtenDocument().replace("\"notes\" : \"\\u0000\",", "")
+    QTest::newRow("a missing key") << wholeDocument().replace("\"notes\" : \"\\u0000\",", "")
                                    << u"filaments[1].notes : champ obligatoire absent"_s;
     QTest::newRow("an unknown reference")
-        << writtenDocument().replace("\"brand\" : \"Acme\"", "\"brand\" : \"acme\"")
+        << wholeDocument().replace("\"brand\" : \"Filéo\"", "\"brand\" : \"acme\"")
         << u"Un filament fait référence à un marque « acme » absent du fichier."_s;
-    QTest::newRow("nothing there") << QByteArray() << u"Le fichier ou le dossier n'existe pas ("_s;
-    QTest::newRow("a folder") << "folder"_ba << u"Un dossier se trouve à la place du fichier ("_s;
-    QTest::newRow("a pipe") << "pipe"_ba << u"Ce n'est pas un fichier ordinaire ("_s;
-    QTest::newRow("a device") << "device"_ba << u"Ce n'est pas un fichier ordinaire ("_s;
-    QTest::newRow("not to be read") << "secret"_ba << u"L'accès est refusé ("_s;
+    QTest::newRow("nothing there") << QByteArray() << u"Le fichier ou le dossier n'existe pas."_s;
+    QTest::newRow("a folder") << "folder"_ba << u"Un dossier se trouve à la place du fichier."_s;
+    QTest::newRow("a pipe") << "pipe"_ba << u"Ce n'est pas un fichier ordinaire."_s;
+    QTest::newRow("a device") << "device"_ba << u"Ce n'est pas un fichier ordinaire."_s;
+    QTest::newRow("not to be read") << "secret"_ba << u"L'accès est refusé."_s;
 }
 
 void StockImportTest::filesAreReadOrRefused()
@@ -399,7 +338,7 @@ void StockImportTest::aDocumentBeyondTheLimitIsRefusedUnread()
     const auto read = StockImport::readDocument(path);
 
     QVERIFY(!read);
-    QVERIFY2(read.error().startsWith(u"Le fichier est trop grand ("_s), qPrintable(read.error()));
+    QVERIFY2(read.error().startsWith(u"Le fichier est trop grand."_s), qPrintable(read.error()));
 }
 
 REELHOUSE_TEST(StockImportTest)

@@ -221,7 +221,7 @@ void RefusedStoreTest::damagedFiles()
     const auto before = snapshotOf(m_folder->path());
     const QString description = refusal(path());
     QVERIFY2(description.startsWith(u"La base de données est endommagée ("_s)
-            || description.startsWith(u"Le fichier n'est pas une base de données ("_s),
+            || description.startsWith(u"Le fichier n'est pas une base de données."_s),
         qPrintable(description));
     QCOMPARE(snapshotOf(m_folder->path()), before);
 }
@@ -363,7 +363,7 @@ void RefusedStoreTest::aReadOnlyFile()
     makeSmallStore(path());
     QVERIFY(QFile::setPermissions(path(), QFile::ReadOwner));
     const OrdinaryUser user(qPrintable(m_folder->path()));
-    expectRefusal(u"Le fichier de la base de données est en lecture seule ("_s);
+    expectRefusal(u"Le fichier de la base de données est en lecture seule."_s);
 }
 
 void RefusedStoreTest::aReadOnlyFolder()
@@ -372,7 +372,7 @@ void RefusedStoreTest::aReadOnlyFolder()
     QVERIFY(QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::ExeOwner));
     {
         const OrdinaryUser user(qPrintable(m_folder->path()));
-        expectRefusal(u"Le dossier de la base de données est en lecture seule ("_s);
+        expectRefusal(u"Le dossier de la base de données est en lecture seule."_s);
     }
     QVERIFY(QFile::setPermissions(
         m_folder->path(), QFile::ReadOwner | QFile::ExeOwner | QFile::WriteOwner));
@@ -399,7 +399,7 @@ void RefusedStoreTest::aFileHeldByAnotherProcess()
         report();
     });
     other.waitForReport();
-    expectRefusal(u"La base de données est utilisée par une autre application ("_s);
+    expectRefusal(u"La base de données est utilisée par une autre application."_s);
 }
 
 REELHOUSE_TEST(RefusedStoreTest)
