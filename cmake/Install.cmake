@@ -7,6 +7,7 @@ install(TARGETS spoolwright RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(FILES ${installed}/desktop/spoolwright.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${installed}/desktop/example.spoolwright.spoolwright.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
+install(FILES ${installed}/mime/spoolwright.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
 
 set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 install(FILES ${installed}/icons/app-icon.svg DESTINATION ${icons}/scalable/apps RENAME spoolwright.svg)
