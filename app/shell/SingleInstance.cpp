@@ -1,7 +1,8 @@
 #include "app/shell/SingleInstance.h"
 
+#include "app/store/DurableFiles.h"
+
 #include <QtCore/QDeadlineTimer>
-#include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtNetwork/QLocalServer>
 #include <QtNetwork/QLocalSocket>
@@ -38,7 +39,7 @@ SingleInstance::SingleInstance(const QString& dataFolder, QObject* parent)
     : QObject(parent)
     , m_server(new QLocalServer(this))
 {
-    QDir().mkpath(dataFolder); // A failure shows right below.
+    DurableFiles::makeFolder(dataFolder); // A failure shows right below.
     m_folder = open(QFile::encodeName(dataFolder).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
 
     // The holder may be starting (not listening yet) or ending (no longer answering): ask until it

@@ -6,6 +6,8 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QStringBuilder>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
@@ -31,24 +33,28 @@ public:
         if (setOrphanedCompanionsAside(m_store) || copy(mainFile))
             return;
         const bool hasIndex = exists(index) && !copy(index);
-        const bool hasJournal = exists(journal);
-        if (hasJournal && copy(journal))
+        QList<QStringView> journals{journal, rollbackJournal};
+        journals.removeIf([this](QStringView suffix) { return !exists(suffix); });
+        const auto isCopied = [this](QStringView suffix) { return !copy(suffix); };
+        const auto isInstalled = [this](QStringView suffix) { return !install(suffix); };
+        if (!std::ranges::all_of(journals, isCopied))
             return;
         if (hasIndex)
             install(index); // SQLite makes a new one when it is missing.
-        // Without its journal the main file would be an older state, or none at all.
-        if (hasJournal && install(journal))
+        // Without its journals the main file would be an older state, or half of a newer one.
+        if (std::ranges::all_of(journals, isInstalled) && !install(mainFile))
             return;
-        if (install(mainFile)) {
-            DurableFiles::remove(m_store % index);
-            DurableFiles::remove(m_store % journal);
-        }
+        if (DurableFiles::isTaken(m_store))
+            return;
+        for (const QStringView suffix : {index, journal, rollbackJournal})
+            DurableFiles::remove(m_store % suffix);
     }
 
 private:
     static constexpr QStringView mainFile = u"";
     static constexpr QStringView index = u"-shm";
     static constexpr QStringView journal = u"-wal";
+    static constexpr QStringView rollbackJournal = u"-journal"; ///< Of a change that was cut short.
 
     QString draft(QStringView suffix) const { return m_store % suffix % u".copy"_s; }
     bool exists(QStringView suffix) const { return DurableFiles::isTaken(m_olderStore % suffix); }
@@ -58,11 +64,11 @@ private:
     }
     std::optional<SystemError> install(QStringView suffix) const
     {
-        return DurableFiles::rename(draft(suffix), m_store % suffix);
+        return DurableFiles::renameToFreeName(draft(suffix), m_store % suffix);
     }
     void removeDrafts() const
     {
-        for (const QStringView suffix : {mainFile, index, journal})
+        for (const QStringView suffix : {mainFile, index, journal, rollbackJournal})
             DurableFiles::remove(draft(suffix));
     }
 

@@ -4,7 +4,10 @@
 
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
 #include <array>
+#include <cstdio>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -13,10 +16,20 @@ namespace reelhouse::DurableFiles {
 
 namespace {
 
+/// Some file systems cannot sync a folder, and one that may be written but not listed cannot be
+/// opened: what was renamed in it is renamed all the same.
+std::optional<SystemError> unlessBeyondReach(const std::optional<SystemError>& error)
+{
+    constexpr std::array beyondReach{EINVAL, ENOTSUP, EACCES};
+    const bool isBeyondReach
+        = error && std::ranges::find(beyondReach, error->code) != beyondReach.end();
+    return isBeyondReach ? std::nullopt : error;
+}
+
 std::optional<SystemError> syncFolderOf(const QString& path)
 {
     const Descriptor folder(QFileInfo(path).path(), O_RDONLY | O_DIRECTORY);
-    return folder.isOpen() ? folder.sync() : lastSystemError();
+    return unlessBeyondReach(folder.isOpen() ? folder.sync() : lastSystemError());
 }
 
 std::optional<SystemError> copyBytes(int from, const Descriptor& to)
@@ -71,7 +84,9 @@ std::optional<SystemError> writeAndSync(const QString& path, QByteArrayView byte
 bool isTaken(const QString& path)
 {
     struct stat status {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    // What cannot be looked at may be there.
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0
+        || (errno != ENOENT && errno != ENOTDIR);
 }
 
 std::optional<SystemError> copy(const QString& from, const QString& to)
@@ -115,6 +130,19 @@ std::optional<SystemError> rename(const QString& from, const QString& to)
     const int result
         = ::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData());
     return result == 0 ? syncFolderOf(to) : lastSystemError();
+}
+
+std::optional<SystemError> renameToFreeName(const QString& from, const QString& to)
+{
+    const QByteArray former = QFile::encodeName(from);
+    const QByteArray name = QFile::encodeName(to);
+    if (::renameat2(AT_FDCWD, former.constData(), AT_FDCWD, name.constData(), RENAME_NOREPLACE)
+        == 0)
+        return syncFolderOf(to);
+    if (errno != EINVAL && errno != ENOSYS)
+        return lastSystemError();
+    // A file system that cannot do it in one step.
+    return isTaken(to) ? std::optional(SystemError{EEXIST}) : rename(from, to);
 }
 
 std::optional<SystemError> remove(const QString& path)

@@ -7,7 +7,8 @@
 /// File operations that have reached the disk when they return.
 namespace reelhouse::DurableFiles {
 
-/// Whether anything has this name: a file, a folder, a link that leads nowhere.
+/// Whether anything has this name: a file, a folder, a link that leads nowhere. True as well when
+/// the system cannot say.
 bool isTaken(const QString& path);
 
 /// Copies the bytes of the regular file `from` to `to`, which is overwritten. The copy is an
@@ -24,6 +25,9 @@ std::optional<SystemError> makeFolder(const QString& path);
 
 /// Gives `from` the name `to` in the same folder, replacing what had it.
 std::optional<SystemError> rename(const QString& from, const QString& to);
+
+/// Gives `from` the name `to` in the same folder; an error (EEXIST) when something has that name.
+std::optional<SystemError> renameToFreeName(const QString& from, const QString& to);
 
 /// Deletes the file if it exists.
 std::optional<SystemError> remove(const QString& path);

@@ -83,7 +83,7 @@ std::optional<StoreError> createStoreFile(const QString& path)
         DurableFiles::remove(draft); // The first error is the one to report.
         return errorFrom(exception);
     }
-    if (const auto error = DurableFiles::rename(draft, path))
+    if (const auto error = DurableFiles::renameToFreeName(draft, path))
         return errorFrom(*error);
     return std::nullopt;
 }
@@ -163,7 +163,7 @@ std::optional<StoreError> SqliteStore::rehearseRollback(const QString& file)
         if (auto error = store.examine())
             return error;
         StoreContext context(store);
-        return readStore(store.m_database.getHandle(), store.m_version, context);
+        return readStore(store.m_database.getHandle(), store.m_version, context).error;
     } catch (const SQLite::Exception& exception) {
         return errorFrom(exception);
     }
@@ -187,19 +187,22 @@ std::optional<StoreError> SqliteStore::examine()
 
 std::optional<StoreError> SqliteStore::load(StoreContext& context)
 {
-    if (auto error = readStore(m_database.getHandle(), m_version, context))
-        return error;
+    const StoreReading reading = readStore(m_database.getHandle(), m_version, context);
+    if (reading.error)
+        return reading.error;
     try {
-        return proveWritable();
+        return proveWritable(reading.hasLostReferences);
     } catch (const SQLite::Exception& exception) {
         return errorFrom(exception);
     }
 }
 
-std::optional<StoreError> SqliteStore::proveWritable()
+std::optional<StoreError> SqliteStore::proveWritable(bool hasLostReferences)
 {
     SQLite::Transaction transaction(m_database, SQLite::TransactionBehavior::IMMEDIATE);
     StoreSchema::raise(m_database, m_version);
+    if (hasLostReferences)
+        StoreSchema::dropLostReferences(m_database);
     // Within the transaction: tables that take no changes are found before anything is written.
     m_writer = std::make_unique<StoreWriter>(m_database);
     transaction.commit();

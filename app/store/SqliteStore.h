@@ -38,7 +38,7 @@ private:
     /// the first reading. Does that to a copy, to know beforehand whether the result is usable.
     static std::optional<StoreError> rehearseRollback(const QString& file);
     std::optional<StoreError> examine();
-    std::optional<StoreError> proveWritable();
+    std::optional<StoreError> proveWritable(bool hasLostReferences);
 
     SQLite::Database m_database;
     int m_version = 0;

@@ -2,11 +2,19 @@
 
 #include "app/store/DurableFiles.h"
 
+#include <QtCore/QDir>
+
+#include <algorithm>
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
 namespace {
+
+/// More orphans than anybody has; where the system cannot say what is free, the search must end.
+constexpr int mostOrphans = 1000;
 
 QString freeNameFor(const QString& companion)
 {
@@ -14,8 +22,24 @@ QString freeNameFor(const QString& companion)
     QString name;
     do
         name = companion + u".orphan"_s + QString::number(number++);
-    while (DurableFiles::isTaken(name));
+    while (DurableFiles::isTaken(name) && number < mostOrphans);
     return name;
+}
+
+QString placeOf(const QString& path)
+{
+    const QFileInfo file(path);
+    const QString folder = file.dir().canonicalPath();
+    return (folder.isEmpty() ? file.path() : folder) + u'/' + file.fileName();
+}
+
+bool isSameFile(const QString& left, const QString& right)
+{
+    struct stat ofLeft {};
+    struct stat ofRight {};
+    return ::stat(QFile::encodeName(left).constData(), &ofLeft) == 0
+        && ::stat(QFile::encodeName(right).constData(), &ofRight) == 0
+        && ofLeft.st_dev == ofRight.st_dev && ofLeft.st_ino == ofRight.st_ino;
 }
 
 } // namespace
@@ -25,13 +49,22 @@ QStringList storeCompanionSuffixes()
     return {u"-shm"_s, u"-wal"_s, u"-journal"_s};
 }
 
+bool belongsToStore(const QString& path, const QString& storeFile)
+{
+    const QStringList suffixes = QStringList{QString()} + storeCompanionSuffixes();
+    return std::ranges::any_of(suffixes, [&](const QString& suffix) {
+        const QString file = storeFile + suffix;
+        return placeOf(path) == placeOf(file) || isSameFile(path, file);
+    });
+}
+
 std::optional<SystemError> setOrphanedCompanionsAside(const QString& path)
 {
     for (const QString& suffix : storeCompanionSuffixes()) {
         const QString companion = path + suffix;
         if (!DurableFiles::isTaken(companion))
             continue;
-        if (auto error = DurableFiles::rename(companion, freeNameFor(companion)))
+        if (auto error = DurableFiles::renameToFreeName(companion, freeNameFor(companion)))
             return error;
     }
     return std::nullopt;

@@ -1,10 +1,10 @@
 #include "app/store/StoreProvider.h"
 
 #include "app/store/CarryOver.h"
+#include "app/store/DurableFiles.h"
 #include "app/store/SqliteStore.h"
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
 
 #include <chrono>
 
@@ -59,7 +59,7 @@ StoreProvider::StoreProvider(StorePaths paths, StoreOpeners openers, QObject* pa
 {
     m_idleTimer.setSingleShot(true);
     m_idleTimer.setInterval(idleDelay);
-    connect(&m_idleTimer, &QTimer::timeout, this, [this] { container()->tidyUp(); });
+    connect(&m_idleTimer, &QTimer::timeout, this, &StoreProvider::useIdleTime);
 }
 
 StoreProvider::~StoreProvider()
@@ -86,12 +86,20 @@ StoreProvider::Outcome StoreProvider::makeContainer(
     const StorePaths& paths, const StoreOpeners& openers)
 {
     // A folder that cannot be made shows when the store is opened in it.
-    QDir().mkpath(paths.dataFolder());
+    DurableFiles::makeFolder(paths.dataFolder());
     carryOverOlderStore(paths.olderStoreFile(), paths.storeFile());
     Outcome outcome = openEither(paths, openers);
     if (outcome.container)
         outcome.container->context().moveToThread(QCoreApplication::instance()->thread());
     return outcome;
+}
+
+void StoreProvider::useIdleTime()
+{
+    // What could not be saved is tried again until it is.
+    if (container()->context().hasUnsavedChanges() && container()->context().save())
+        return m_idleTimer.start();
+    container()->tidyUp();
 }
 
 void StoreProvider::apply()

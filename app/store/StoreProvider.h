@@ -61,6 +61,7 @@ signals:
 
 private:
     void apply();
+    void useIdleTime();
 
     StorePaths m_paths;
     StoreOpeners m_openers;

@@ -90,7 +90,18 @@ std::unique_ptr<T> makeNamed(const Rows& rows)
     return std::make_unique<T>(rows.text(1));
 }
 
-std::unique_ptr<Filament> makeFilament(const Rows& rows, StoreContext& context)
+/// The entry of this number. None for an empty column, and for a number that no entry has, which
+/// is noted.
+template <class T>
+T* referredEntry(qint64 id, StoreContext& context, bool& hasLostReferences)
+{
+    T* entry = context.find(EntityId<T>{id});
+    hasLostReferences |= !entry && id != 0;
+    return entry;
+}
+
+std::unique_ptr<Filament> makeFilament(
+    const Rows& rows, StoreContext& context, bool& hasLostReferences)
 {
     auto filament = std::make_unique<Filament>(Filament::Values{
         .spoolsCount = rows.integer(5),
@@ -100,10 +111,10 @@ std::unique_ptr<Filament> makeFilament(const Rows& rows, StoreContext& context)
         .notes = rows.text(10),
         .dateAddedMs = rows.integer(7),
     });
-    filament->setType(context.find(FilamentTypeId{rows.integer(1)}));
-    filament->setBrand(context.find(BrandId{rows.integer(2)}));
-    filament->setRange(context.find(FilamentRangeId{rows.integer(3)}));
-    filament->setLocation(context.find(LocationId{rows.integer(4)}));
+    filament->setType(referredEntry<FilamentType>(rows.integer(1), context, hasLostReferences));
+    filament->setBrand(referredEntry<Brand>(rows.integer(2), context, hasLostReferences));
+    filament->setRange(referredEntry<FilamentRange>(rows.integer(3), context, hasLostReferences));
+    filament->setLocation(referredEntry<Location>(rows.integer(4), context, hasLostReferences));
     return filament;
 }
 
@@ -118,22 +129,26 @@ const char* filamentQuery(int version)
 
 } // namespace
 
-std::optional<StoreError> readStore(sqlite3* database, int version, StoreContext& context)
+StoreReading readStore(sqlite3* database, int version, StoreContext& context)
 {
     if (auto error = readEntries<FilamentType>(
             database, "SELECT id, name, iconName FROM FilamentType ORDER BY id", context, makeType))
-        return error;
+        return {error};
     if (auto error = readEntries<Brand>(
             database, "SELECT id, name FROM Brand ORDER BY id", context, makeNamed<Brand>))
-        return error;
+        return {error};
     if (auto error = readEntries<FilamentRange>(database,
             "SELECT id, name FROM FilamentRange ORDER BY id", context, makeNamed<FilamentRange>))
-        return error;
+        return {error};
     if (auto error = readEntries<Location>(
             database, "SELECT id, name FROM Location ORDER BY id", context, makeNamed<Location>))
-        return error;
-    return readEntries<Filament>(database, filamentQuery(version), context,
-        [&context](const Rows& rows) { return makeFilament(rows, context); });
+        return {error};
+    StoreReading reading;
+    reading.error = readEntries<Filament>(
+        database, filamentQuery(version), context, [&context, &reading](const Rows& rows) {
+            return makeFilament(rows, context, reading.hasLostReferences);
+        });
+    return reading;
 }
 
 } // namespace reelhouse

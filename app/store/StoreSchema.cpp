@@ -60,4 +60,14 @@ void raise(SQLite::Database& database, int version)
     setVersion(database);
 }
 
+void dropLostReferences(SQLite::Database& database)
+{
+    database.exec(R"(
+UPDATE Filament SET type = NULL WHERE type NOT IN (SELECT id FROM FilamentType);
+UPDATE Filament SET brand = NULL WHERE brand NOT IN (SELECT id FROM Brand);
+UPDATE Filament SET range = NULL WHERE range NOT IN (SELECT id FROM FilamentRange);
+UPDATE Filament SET location = NULL WHERE location NOT IN (SELECT id FROM Location);
+)");
+}
+
 } // namespace reelhouse::StoreSchema

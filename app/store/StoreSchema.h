@@ -18,4 +18,8 @@ void create(SQLite::Database& database);
 /// is to be done. Within the caller's transaction.
 void raise(SQLite::Database& database, int version);
 
+/// Makes filaments refer to nothing where they refer to an entry that is not there: its number may
+/// be given to the next new entry.
+void dropLostReferences(SQLite::Database& database);
+
 } // namespace reelhouse::StoreSchema

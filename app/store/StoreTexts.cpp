@@ -20,4 +20,9 @@ QString temporaryStoreText()
            "conservées après la fermeture."_s;
 }
 
+QString belongsToStoreText()
+{
+    return u"Ce fichier appartient à la base de données de Spoolwright."_s;
+}
+
 } // namespace reelhouse

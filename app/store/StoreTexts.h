@@ -8,5 +8,7 @@ namespace reelhouse {
 QString storeErrorTitle();
 QString openDataFolderText();
 QString temporaryStoreText();
+/// Why a file of the store is neither read nor written where the user chose it.
+QString belongsToStoreText();
 
 } // namespace reelhouse

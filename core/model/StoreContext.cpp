@@ -301,7 +301,9 @@ std::optional<StoreError> StoreContext::commit()
     StockChanges changes;
     forEach(changes.lists, [this](auto& list) { addChanges(list); });
     if (!changes.isEmpty()) {
-        if (auto error = m_store.commit(changes))
+        auto error = m_store.commit(changes);
+        emit committed(error ? error->description() : QString());
+        if (error)
             return error;
     }
     forEach(m_shelves, [](auto& shelf) { shelf.sinceCommit.take(); });

@@ -81,6 +81,9 @@ signals:
     /// Something in the stock changed. Sent at most once per turn of the event loop; the context
     /// saves by itself after it. A slot reads the stock and never writes into it.
     void changed();
+    /// The store was asked to keep something. `failure` says in French why it did not; empty: it
+    /// did.
+    void committed(const QString& failure);
 
 private:
     friend Entity;

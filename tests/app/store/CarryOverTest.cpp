@@ -25,12 +25,14 @@ private slots:
     void init();
     void cleanup();
     void theMainFileAndItsCompanionsAreCopied();
+    void whatUndoesAHalfMadeChangeIsCopied();
     void withoutCompanionsOnlyTheMainFileIsCopied();
     void anExistingStoreIsNeverTouched_data();
     void anExistingStoreIsNeverTouched();
     void withoutAnOlderStoreNothingHappens();
     void theCopyBelongsToTheUserEvenWhenTheOlderFileIsReadOnly();
     void aFailedIndexDoesNotStopTheMainFile();
+    void aFailedJournalStopsTheMainFile_data();
     void aFailedJournalStopsTheMainFile();
     void aFailedMainFileLeavesNothing_data();
     void aFailedMainFileLeavesNothing();
@@ -121,6 +123,18 @@ void CarryOverTest::theMainFileAndItsCompanionsAreCopied()
     QCOMPARE(traceOf(olderFolder()), before);
 }
 
+void CarryOverTest::whatUndoesAHalfMadeChangeIsCopied()
+{
+    writeBytes(older(), "le fichier");
+    writeBytes(older(u"-journal"_s), "le retour en arrière");
+
+    carryOver();
+
+    const QStringList expected{mainName(), mainName() + u"-journal"_s};
+    QCOMPARE(copied(), expected);
+    QCOMPARE(bytesOf(store(u"-journal"_s)), "le retour en arrière");
+}
+
 void CarryOverTest::withoutCompanionsOnlyTheMainFileIsCopied()
 {
     writeBytes(older(), "le fichier");
@@ -186,11 +200,21 @@ void CarryOverTest::aFailedIndexDoesNotStopTheMainFile()
     QCOMPARE(bytesOf(store()), "le fichier");
 }
 
+void CarryOverTest::aFailedJournalStopsTheMainFile_data()
+{
+    QTest::addColumn<QString>("suffix");
+
+    QTest::newRow("write-ahead") << u"-wal"_s;
+    QTest::newRow("rollback") << u"-journal"_s;
+}
+
 void CarryOverTest::aFailedJournalStopsTheMainFile()
 {
+    QFETCH(QString, suffix);
+
     writeBytes(older(), "le fichier");
     writeBytes(older(u"-shm"_s), "l'index");
-    QVERIFY(QDir().mkpath(older(u"-wal"_s)));
+    QVERIFY(QDir().mkpath(older(suffix)));
     const auto before = traceOf(olderFolder());
 
     carryOver();

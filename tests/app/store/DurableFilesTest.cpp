@@ -26,6 +26,9 @@ private slots:
     void aFileIsWrittenWhole();
     void nothingElseIsLeftBehind();
     void whatACrashLeftIsReplaced();
+    void aFolderThatCannotBeListedIsWrittenInto();
+    void aFreeNameIsGivenAndATakenOneIsKept();
+    void whatCannotBeLookedAtCountsAsTaken();
     void onAFullDiskTheFormerFileStays_data();
     void onAFullDiskTheFormerFileStays();
     void aReadOnlyFolderIsLeftAlone();
@@ -103,6 +106,48 @@ void DurableFilesTest::whatACrashLeftIsReplaced()
     QCOMPARE(bytesOf(path()), "neuf"_ba);
     QCOMPARE(bytesOf(m_folder->filePath(u"ailleurs"_s)), "à moi"_ba);
     QCOMPARE(names(), (QStringList{u"ailleurs"_s, u"stock.json"_s}));
+}
+
+void DurableFilesTest::aFolderThatCannotBeListedIsWrittenInto()
+{
+    const OrdinaryUser user(QFile::encodeName(m_folder->path()));
+    QFile folder(m_folder->path());
+    QVERIFY(folder.setPermissions(QFile::WriteOwner | QFile::ExeOwner));
+
+    const auto error = DurableFiles::write(path(), "neuf");
+    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+
+    QCOMPARE(error, std::nullopt);
+    QCOMPARE(bytesOf(path()), "neuf"_ba);
+}
+
+void DurableFilesTest::aFreeNameIsGivenAndATakenOneIsKept()
+{
+    const QString draft = m_folder->filePath(u"draft"_s);
+    writeBytes(draft, "neuf");
+    QCOMPARE(DurableFiles::renameToFreeName(draft, path()), std::nullopt);
+    QCOMPARE(bytesOf(path()), "neuf"_ba);
+
+    writeBytes(draft, "autre");
+    QCOMPARE(DurableFiles::renameToFreeName(draft, path()), std::optional(SystemError{EEXIST}));
+    QCOMPARE(bytesOf(path()), "neuf"_ba);
+    QCOMPARE(bytesOf(draft), "autre"_ba);
+}
+
+void DurableFilesTest::whatCannotBeLookedAtCountsAsTaken()
+{
+    QVERIFY(QDir(m_folder->path()).mkdir(u"fermé"_s));
+    const QString closed = m_folder->filePath(u"fermé"_s);
+    const QString inside = closed + u"/stock"_s;
+    QVERIFY(!DurableFiles::isTaken(inside));
+    const OrdinaryUser user(QFile::encodeName(m_folder->path()));
+    QVERIFY(QFile(closed).setPermissions({}));
+
+    const bool isTaken = DurableFiles::isTaken(inside);
+    QVERIFY(QFile(closed).setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+
+    QVERIFY(isTaken);
+    QVERIFY(!DurableFiles::isTaken(path() + u"/below a file that is not there"_s));
 }
 
 void DurableFilesTest::onAFullDiskTheFormerFileStays_data()
@@ -205,12 +250,12 @@ void DurableFilesTest::anOverwrittenFileThatDoesNotFitIsAFailure()
 {
     const auto answer = onSmallDisk(m_folder->path(), 64, [&] {
         const auto error = UserFiles::overwrite(path(), pattern(qsizetype{300} * 1024, 'n'));
-        return QStringList{error ? error->description().section(u'(', 0, 0) : u"success"_s};
+        return QStringList{error ? error->description() : u"success"_s};
     });
     if (!answer)
         QSKIP("This system does not let the user mount a disk.");
 
-    QCOMPARE(*answer, QStringList{u"Le disque est plein "_s});
+    QCOMPARE(*answer, QStringList{u"Le disque est plein."_s});
 }
 
 REELHOUSE_TEST(DurableFilesTest)

@@ -29,6 +29,7 @@ private slots:
     void aStoreOfVersionOneOpensWithTheDefaultsFilledIn();
     void theLowestAndHighestNumbersSurvive();
     void removingAnEntryInTheFileItselfEmptiesTheReference();
+    void aReferenceToAMissingEntryIsDropped();
     void aSaveIsOnDiskBeforeTheStoreIsClosed();
     void tidyingUpMovesTheJournalIntoTheFile();
     void closingLeavesOneFile();
@@ -243,6 +244,24 @@ void SqliteStoreTest::removingAnEntryInTheFileItselfEmptiesTheReference()
     const QStringList expected{u"1|PLA"_s, u"1|3|1|#E53935|Rouge|Éclat|1700000000123|PLA|-|-|-"_s,
         u"2|3|1|#E53935|Bleu|Éclat|1700000000123|PLA|-|-|-"_s};
     QCOMPARE(linesOf(opened.value()->context()), expected);
+}
+
+void SqliteStoreTest::aReferenceToAMissingEntryIsDropped()
+{
+    makeSmallStore(path());
+    runSql(path(), u"PRAGMA foreign_keys = OFF; DELETE FROM Brand"_s);
+    {
+        auto opened = openStore(path());
+        QVERIFY(opened);
+        opened.value()->context().insert(std::make_unique<Brand>(u"Marque neuve"_s));
+        QVERIFY(!opened.value()->context().save());
+    }
+
+    // The new brand may have the number of the missing one.
+    auto opened = openStore(path());
+    QVERIFY(opened);
+    for (const auto& filament : opened.value()->context().fetchAll<Filament>())
+        QCOMPARE(filament->brand(), nullptr);
 }
 
 void SqliteStoreTest::aSaveIsOnDiskBeforeTheStoreIsClosed()

@@ -1,6 +1,7 @@
 #include "app/store/StoreProvider.h"
 
 #include "tests/app/store/StoreFixtures.h"
+#include "tests/support/RecordingStore.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QDir>
@@ -26,6 +27,8 @@ private slots:
     void whenBothStoresFailTheMessageHoldsBothReasons();
     void aStoreThatFailsWhileLoadingIsNotUsed();
     void theContextBelongsToTheMainThread();
+    void whatCouldNotBeSavedIsTriedAgain();
+    void aFolderThatCannotBeMadeGivesTheMemoryStore();
     void theJournalIsMovedIntoTheFileOnceTheProgramIsIdle();
     void destructionWaitsForTheOpening();
 
@@ -196,6 +199,44 @@ void StoreProviderTest::theJournalIsMovedIntoTheFileOnceTheProgramIsIdle()
     provider.container()->context().insert(std::make_unique<Brand>(u"Atelier Bleu"_s));
     QTRY_VERIFY(!provider.container()->context().hasUnsavedChanges());
     QTRY_VERIFY_WITH_TIMEOUT(bytesOf(paths().storeFile()).contains("Atelier Bleu"), 20000);
+}
+
+void StoreProviderTest::whatCouldNotBeSavedIsTriedAgain()
+{
+    auto made = std::make_unique<RecordingStore>();
+    RecordingStore& store = *made;
+    StoreProvider provider(paths(),
+        {[&]() -> Opened { return std::unique_ptr<PersistentStore>(std::move(made)); },
+            failingWith(u"E2"_s)});
+    QSignalSpy states(&provider, &StoreProvider::stateChanged);
+    provider.loadIfNeeded();
+    QVERIFY(states.wait());
+    StoreContext& context = provider.container()->context();
+    QSignalSpy commits(&context, &StoreContext::committed);
+    store.error = StoreError{u"Le disque est plein."_s};
+
+    context.insert(std::make_unique<Brand>(u"Sunlu"_s));
+    QTRY_COMPARE(commits.size(), 1);
+    QCOMPARE(commits.last().first().toString(), u"Le disque est plein."_s);
+    store.error.reset();
+
+    QTRY_VERIFY_WITH_TIMEOUT(!context.hasUnsavedChanges(), 20000);
+    QCOMPARE(store.commits, QList<QStringList>{{u"+Brand 1"_s}});
+    QCOMPARE(commits.last().first().toString(), QString());
+}
+
+void StoreProviderTest::aFolderThatCannotBeMadeGivesTheMemoryStore()
+{
+    writeBytes(paths().dataFolder(), "un fichier");
+    StoreProvider provider(paths());
+    QSignalSpy alerts(&provider, &StoreProvider::storeAlertRequested);
+
+    provider.loadIfNeeded();
+    QVERIFY(alerts.wait());
+
+    QVERIFY(provider.usesMemoryStore());
+    QVERIFY(!alerts.first().first().toString().isEmpty());
+    QCOMPARE(bytesOf(paths().dataFolder()), "un fichier"_ba);
 }
 
 void StoreProviderTest::destructionWaitsForTheOpening()
