@@ -2,6 +2,8 @@
 
 #include "app/printing/PagePainter.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
 #include <QtCore/QXmlStreamWriter>
 
 using namespace Qt::StringLiterals;
@@ -58,12 +60,22 @@ QByteArray makeXmpPacket(const Product& product)
         + "\n<?xpacket end=\"r\"?>\n";
 }
 
-PrintError failureOf(const QFileDevice& file)
+PrintError failureOf(const QSaveFile& file)
 {
-    const QString sentence = file.error() == QFileDevice::ResourceError
-        ? u"Le disque est plein"_s
-        : u"Le fichier n'a pas pu être écrit"_s;
-    return {sentence + u" ("_s + file.errorString() + u")."_s};
+    switch (file.error()) {
+    case QFileDevice::ResourceError:
+        return {u"Le disque est plein."_s};
+    case QFileDevice::PermissionsError:
+        return {u"L'accès est refusé."_s};
+    default:
+        break;
+    }
+    const QFileInfo target(file.fileName());
+    if (target.isDir())
+        return {u"Un dossier se trouve à la place du fichier."_s};
+    if (!target.dir().exists())
+        return {u"Le dossier n'existe pas."_s};
+    return {u"Le fichier n'a pas pu être écrit."_s};
 }
 
 } // namespace

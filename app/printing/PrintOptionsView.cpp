@@ -1,23 +1,22 @@
 #include "app/printing/PrintOptionsView.h"
 
+#include "app/printing/OptionPanel.h"
 #include "app/printing/OrientationPicker.h"
 #include "app/printing/PaperPrinter.h"
 #include "app/printing/PrintJob.h"
+#include "app/printing/PrintPreview.h"
 #include "app/ui/ButtonLook.h"
+#include "app/ui/FilePanels.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
-#include "app/ui/RoundedPanel.h"
 #include "app/ui/StatusLine.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "core/model/StoreContext.h"
 
 #include <QtGui/QAccessible>
-#include <QtGui/QPaintEngine>
 #include <QtPrintSupport/QPrintDialog>
-#include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtWidgets/QCheckBox>
-#include <QtWidgets/QFileDialog>
 #include <QtWidgets/QGridLayout>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
@@ -38,47 +37,12 @@ constexpr int columnBoxRows = 4;
 constexpr int headingIndent = 14;
 constexpr int headingGap = 6;
 constexpr int sectionGap = 16;
-constexpr qreal optionPanelRadius = 10;
 constexpr QMargins textRowMargins(14, 8, 14, 8);
 /// Boxes keep room for their focus ring in front of them.
 constexpr QMargins boxRowMargins(10, 8, 14, 8);
 constexpr QMargins columnBoxMargins(10, 11, 14, 11);
 constexpr int titleGap = 12;
 constexpr int warningIconSide = 13;
-/// The preview keeps the outline of every letter: about a tenth of a second for each page.
-constexpr int mostPreviewPages = 30;
-
-/// Rows on one rounded panel, a hairline between.
-class OptionPanel final : public QWidget {
-public:
-    explicit OptionPanel(QWidget* parent)
-        : QWidget(parent)
-        , m_rows(new QVBoxLayout(this))
-    {
-        m_rows->setContentsMargins(0, 0, 0, 0);
-        m_rows->setSpacing(0);
-    }
-
-    void addRow(QLayout* row, const QMargins& margins)
-    {
-        row->setContentsMargins(margins);
-        m_rows->addLayout(row);
-    }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        const Theme& theme = currentTheme();
-        QPainter painter(this);
-        paintRoundedPanel(painter, rect(), optionPanelRadius, theme.surface, theme.hairline);
-        for (int row = 1; row < m_rows->count(); ++row)
-            painter.fillRect(
-                QRect(1, m_rows->itemAt(row)->geometry().top(), width() - 2, 1), theme.hairline);
-    }
-
-private:
-    QVBoxLayout* m_rows;
-};
 
 QLabel* makeSectionHeading(const QString& text, QWidget* parent)
 {
@@ -104,17 +68,6 @@ PageSpan chosenPages(const QPrinter& printer, const ReportTextView& view)
     const PageSpan chosen{
         std::max(printer.fromPage() - 1, 0), std::min(printer.toPage() - 1, all.last)};
     return chosen.count() > 0 ? chosen : all;
-}
-
-/// Paints what the preview asks for: its first pages, or all of them when it prints.
-void paintForPreview(const ReportTextView& view, QPrinter& paper)
-{
-    PrintService::setReportPage(paper, view.orientation());
-    PageSpan pages = allPages(view);
-    if (paper.paintEngine()->type() == QPaintEngine::Picture)
-        pages.last = std::min(pages.last, mostPreviewPages - 1);
-    PagePainter painter(view, paper, pages, PageNumbering::Number);
-    while (!painter.isDone() && painter.paintNext()) {}
 }
 
 } // namespace
@@ -342,17 +295,7 @@ ReportTextView PrintOptionsView::makeView() const
 
 void PrintOptionsView::preview()
 {
-    const auto view = std::make_shared<const ReportTextView>(makeView());
-    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    PrintService::setReportPage(*printer, view->orientation());
-    auto* dialog = new QPrintPreviewDialog(printer.get(), this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    if (view->pageCount() > mostPreviewPages)
-        dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
-    // The printer is needed for as long as the dialog lives.
-    connect(dialog, &QPrintPreviewDialog::paintRequested, dialog,
-        [view, printer](QPrinter* paper) { paintForPreview(*view, *paper); });
-    dialog->open();
+    openPrintPreview(std::make_shared<const ReportTextView>(makeView()), this);
 }
 
 void PrintOptionsView::choosePrinter()
@@ -371,34 +314,35 @@ void PrintOptionsView::print()
 {
     ReportTextView view = makeView();
     const PageSpan pages = chosenPages(*m_printer, view);
-    std::unique_ptr<PrintTarget> target;
     // A file is written as any other PDF is, so that it is whole or told to be missing.
     if (m_printer->outputFormat() == QPrinter::PdfFormat)
-        target = std::make_unique<PdfFile>(
-            m_printer->outputFileName(), view.orientation(), m_request.product);
-    else
-        target = std::make_unique<PaperPrinter>(std::move(m_printer), view.orientation());
-    runJob(std::move(view), std::move(target), pages, PageNumbering::Number);
+        return writePdf(m_printer->outputFileName(), std::move(view), pages, PageNumbering::Number);
+    auto paper = std::make_unique<PaperPrinter>(std::move(m_printer), view.orientation());
+    runJob(std::move(view), std::move(paper), pages, PageNumbering::Number);
 }
 
 void PrintOptionsView::choosePdfFile()
 {
-    auto* panel = new QFileDialog(this, u"Exporter le stock en PDF"_s);
-    panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setAcceptMode(QFileDialog::AcceptSave);
-    panel->setMimeTypeFilters({u"application/pdf"_s});
-    panel->setDefaultSuffix(u"pdf"_s);
-    panel->selectFile(PrintService::proposedFileName(QDateTime::currentDateTime()));
-    connect(panel, &QFileDialog::fileSelected, this, &PrintOptionsView::exportPdf);
-    panel->open();
+    FilePanels::openSavePanel(this, u"Exporter le stock en PDF"_s, {u"Documents PDF"_s, u"pdf"_s},
+        PrintService::proposedFileName(QDateTime::currentDateTime()),
+        [this](const QString& path) { exportPdf(path); });
 }
 
 void PrintOptionsView::exportPdf(const QString& path)
 {
     ReportTextView view = makeView();
     const PageSpan pages = allPages(view);
+    writePdf(path, std::move(view), pages, PageNumbering::NumberOfTotal);
+}
+
+void PrintOptionsView::writePdf(
+    const QString& path, ReportTextView view, PageSpan pages, PageNumbering numbering)
+{
+    const QString refusal = m_request.refusal ? m_request.refusal(path) : QString();
+    if (!refusal.isEmpty())
+        return showError({refusal});
     auto file = std::make_unique<PdfFile>(path, view.orientation(), m_request.product);
-    runJob(std::move(view), std::move(file), pages, PageNumbering::NumberOfTotal);
+    runJob(std::move(view), std::move(file), pages, numbering);
 }
 
 void PrintOptionsView::runJob(ReportTextView view, std::unique_ptr<PrintTarget> target,
@@ -411,7 +355,7 @@ void PrintOptionsView::runJob(ReportTextView view, std::unique_ptr<PrintTarget> 
     m_job = std::make_unique<PrintJob>(std::move(view), std::move(target), pages, numbering);
     connect(m_job.get(), &PrintJob::progressed, this, &PrintOptionsView::showProgress);
     connect(m_job.get(), &PrintJob::ended, this, &PrintOptionsView::endJob);
-    connect(m_job.get(), &PrintJob::failed, this, &PrintOptionsView::showError);
+    connect(m_job.get(), &PrintJob::failed, this, &PrintOptionsView::failJob);
     m_job->start();
     refresh();
 }
@@ -428,10 +372,15 @@ void PrintOptionsView::endJob()
     accept();
 }
 
-void PrintOptionsView::showError(const PrintError& error)
+void PrintOptionsView::failJob(const PrintError& error)
 {
     m_job.release()->deleteLater();
     refresh();
+    showError(error);
+}
+
+void PrintOptionsView::showError(const PrintError& error)
+{
     m_status->show();
     m_status->showMessage(StatusKind::Error, u"Erreur d'écriture : "_s + error.description);
     setPanelSize(printSheetWidth);

@@ -6,6 +6,7 @@
 #include "core/model/EntityId.h"
 #include "core/model/Filament.h"
 
+#include <functional>
 #include <vector>
 
 class QCheckBox;
@@ -26,6 +27,8 @@ struct PrintRequest {
     std::vector<FilamentId> shown; ///< What the filters let through, in order.
     QString filterDescription; ///< Empty when nothing is filtered.
     Product product;
+    /// Why no report may be written there, as a French sentence; empty where one may.
+    std::function<QString(const QString& path)> refusal;
 };
 
 /// The sheet in which columns, orientation and extent of the report are chosen; prints it, shows
@@ -55,10 +58,13 @@ private:
     void print();
     void choosePdfFile();
     void exportPdf(const QString& path);
+    void writePdf(
+        const QString& path, ReportTextView view, PageSpan pages, PageNumbering numbering);
     void runJob(ReportTextView view, std::unique_ptr<PrintTarget> target, PageSpan pages,
         PageNumbering numbering);
     void endJob();
     void showProgress(int painted, int total);
+    void failJob(const PrintError& error);
     void showError(const PrintError& error);
 
     StoreContext& m_context;

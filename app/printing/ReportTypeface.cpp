@@ -1,11 +1,13 @@
 #include "app/printing/ReportTypeface.h"
 
 #include <QtGui/QGlyphRun>
+#include <QtGui/QPaintEngine>
 #include <QtGui/QPainter>
 #include <QtGui/QTextLayout>
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace reelhouse {
 
@@ -17,6 +19,9 @@ constexpr int unitsPerSize = 1000;
 constexpr qreal airyLineHeight = 1.36;
 /// Behind the letters, signs and punctuation of Latin, Greek and Cyrillic texts.
 constexpr char16_t tableEnd = 0x2C00;
+/// Behind the letters of French and its neighbours, whose pairs are worth a table.
+constexpr char16_t kerningEnd = 0x180;
+constexpr float kerningUnknown = std::numeric_limits<float>::infinity();
 
 /// What never changes its form beside another letter.
 bool standsByItself(QChar unit)
@@ -121,6 +126,21 @@ void drawShaped(
     }
 }
 
+/// For a picture that is played back later: it would keep glyphs as outlines, a hundred times as
+/// much.
+void recordText(
+    QPainter& painter, QPointF baseline, QStringView text, const QFont& font, qreal size)
+{
+    const qreal scale = size / unitsPerSize;
+    painter.save();
+    painter.translate(baseline);
+    painter.scale(scale, scale);
+    painter.setFont(font);
+    painter.setLayoutDirection(Qt::LeftToRight);
+    painter.drawText(QPointF(), text.toString());
+    painter.restore();
+}
+
 QFont unhinted(QFont font)
 {
     font.setPixelSize(unitsPerSize);
@@ -134,6 +154,7 @@ ReportTypeface::ReportTypeface(const QFont& font)
     : m_font(unhinted(font))
     , m_outlines(QRawFont::fromFont(m_font))
     , m_letters(tableEnd)
+    , m_kerning(size_t(kerningEnd) * kerningEnd, kerningUnknown)
 {
 }
 
@@ -164,11 +185,17 @@ const ReportTypeface::Letter& ReportTypeface::letter(QChar unit) const
 
 float ReportTypeface::kerning(QChar left, QChar right) const
 {
+    if (left.unicode() < kerningEnd && right.unicode() < kerningEnd) {
+        float& known = m_kerning[size_t(left.unicode()) * kerningEnd + right.unicode()];
+        if (known == kerningUnknown)
+            known = measureKerning(left, right);
+        return known;
+    }
     const quint32 pair = quint32(left.unicode()) << 16 | right.unicode();
-    const auto known = m_kerning.constFind(pair);
-    if (known != m_kerning.cend())
+    const auto known = m_rareKerning.constFind(pair);
+    if (known != m_rareKerning.cend())
         return *known;
-    return *m_kerning.insert(pair, measureKerning(left, right));
+    return *m_rareKerning.insert(pair, measureKerning(left, right));
 }
 
 /// How much nearer two letters stand than their advances say; 0 where shaping would replace them.
@@ -227,9 +254,12 @@ qreal ReportTypeface::width(QStringView text, qreal size) const
 void ReportTypeface::draw(QPainter& painter, QPointF baseline, QStringView text, qreal size) const
 {
     const Segments parts = segments(text);
+    const bool isRecorded = painter.paintEngine()->type() == QPaintEngine::Picture;
     for (const Segment& segment : parts) {
         const QStringView part = text.mid(segment.start, segment.length);
-        if (segment.isPlain)
+        if (isRecorded)
+            recordText(painter, baseline, part, m_font, size);
+        else if (segment.isPlain)
             drawPlain(painter, baseline, part, size);
         else
             drawShaped(painter, baseline, part, m_font, size);

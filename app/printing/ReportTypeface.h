@@ -66,7 +66,8 @@ private:
     QFont m_font;
     QRawFont m_outlines;
     mutable std::vector<Letter> m_letters; ///< Filled as letters are met.
-    mutable QHash<quint32, float> m_kerning; ///< Of the pairs met.
+    mutable std::vector<float> m_kerning; ///< Filled as pairs of frequent letters are met.
+    mutable QHash<quint32, float> m_rareKerning; ///< Of the other pairs met.
     mutable QHash<qreal, QRawFont> m_rawFonts; ///< Of the sizes drawn.
 };
 

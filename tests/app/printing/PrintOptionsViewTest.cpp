@@ -45,6 +45,7 @@ private slots:
     void theWholeStockHasNoFilterLine();
     void aDeletedFilamentIsNotPrinted();
     void aPdfThatCannotBeWrittenIsToldInTheSheet();
+    void filesOfTheProgramAreNotWrittenOver();
     void longWorkShowsItsProgressAndIsCancelled();
     void aCancelledPrintDialogDoesNothing();
     void printingWithoutAPrinterWorksToAFile();
@@ -65,7 +66,10 @@ public:
         m_window.resize(1300, 850);
         m_window.show();
         generateStock(m_context, stock);
-        PrintRequest request{{}, filter, {.version = u"1.0.0"_s, .build = u"7"_s}};
+        PrintRequest request{
+            {}, filter, {.version = u"1.0.0"_s, .build = u"7"_s}, [](const QString& path) {
+                return path.endsWith(u"réservé.pdf"_s) ? u"Réservé."_s : QString();
+            }};
         for (const auto& filament : m_context.fetchAll<Filament>()) {
             if (int(request.shown.size()) < shown)
                 request.shown.push_back(filament->id());
@@ -231,7 +235,7 @@ void PrintOptionsViewTest::thePanelProposesAName()
     QVERIFY(panel->isVisible());
     QCOMPARE(panel->windowTitle(), u"Exporter le stock en PDF"_s);
     QCOMPARE(panel->acceptMode(), QFileDialog::AcceptSave);
-    QCOMPARE(panel->mimeTypeFilters(), QStringList(u"application/pdf"_s));
+    QCOMPARE(panel->nameFilters(), QStringList(u"Documents PDF (*.pdf)"_s));
     const QString name = QFileInfo(panel->selectedFiles().value(0)).fileName();
     static const QRegularExpression expected(
         u"^stock_filaments_\\d{4}-\\d{2}-\\d{2}_\\d{6}\\.pdf$"_s);
@@ -293,6 +297,18 @@ void PrintOptionsViewTest::aDeletedFilamentIsNotPrinted()
     QVERIFY(opened.texts().contains(u"2 filament(s) à imprimer"_s));
 }
 
+void PrintOptionsViewTest::filesOfTheProgramAreNotWrittenOver()
+{
+    OpenPrintSheet opened;
+    const QString path = m_folder.filePath(u"réservé.pdf"_s);
+
+    opened.exportTo(path);
+
+    QCOMPARE(opened.sheet().findChild<StatusLine*>()->text(), u"Erreur d'écriture : Réservé."_s);
+    QVERIFY(!QFile::exists(path));
+    QVERIFY(opened.button(u"Exporter en PDF"_s).isEnabled());
+}
+
 void PrintOptionsViewTest::aPdfThatCannotBeWrittenIsToldInTheSheet()
 {
     OpenPrintSheet opened;
@@ -301,8 +317,7 @@ void PrintOptionsViewTest::aPdfThatCannotBeWrittenIsToldInTheSheet()
     opened.exportTo(m_folder.filePath(u"nowhere/report.pdf"_s));
 
     auto* status = opened.sheet().findChild<StatusLine*>();
-    QTRY_COMPARE(status->text(),
-        u"Erreur d'écriture : Le fichier n'a pas pu être écrit (No such file or directory)."_s);
+    QTRY_COMPARE(status->text(), u"Erreur d'écriture : Le dossier n'existe pas."_s);
     QVERIFY(status->isVisible());
     QVERIFY2(opened.sheet().height() > height, "it is shown whole");
     QVERIFY(opened.sheet().isVisible());
@@ -387,7 +402,7 @@ void PrintOptionsViewTest::thePreviewShowsThePages_data()
     QTest::addColumn<QString>("expectedTitle");
 
     QTest::newRow("a few pages") << 200 << 4 << u"Print Preview"_s;
-    QTest::newRow("many pages") << 2500 << 30 << u"Aperçu des 30 premières pages"_s;
+    QTest::newRow("many pages") << 6000 << 100 << u"Aperçu des 100 premières pages"_s;
 }
 
 void PrintOptionsViewTest::thePreviewShowsThePages()

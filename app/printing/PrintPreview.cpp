@@ -1,0 +1,48 @@
+#include "app/printing/PrintPreview.h"
+
+#include "app/printing/PagePainter.h"
+#include "app/printing/PrintService.h"
+
+#include <QtGui/QPaintEngine>
+#include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrinter>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+/// The preview records all of its pages before it shows one: about a hundredth of a second each.
+constexpr int mostPreviewPages = 100;
+
+/// Paints what the preview asks for: its first pages, or all of them when it prints.
+void paintForPreview(const ReportTextView& view, QPrinter& paper)
+{
+    PrintService::setReportPage(paper, view.orientation());
+    int pages = view.pageCount();
+    if (paper.paintEngine()->type() == QPaintEngine::Picture)
+        pages = std::min(pages, mostPreviewPages);
+    PagePainter painter(view, paper, {0, pages - 1}, PageNumbering::Number);
+    while (!painter.isDone() && painter.paintNext()) {}
+}
+
+} // namespace
+
+void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget* parent)
+{
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    PrintService::setReportPage(*printer, view->orientation());
+    auto* dialog = new QPrintPreviewDialog(printer.get(), parent);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    if (view->pageCount() > mostPreviewPages)
+        dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
+    // The printer is needed for as long as the dialog lives.
+    QObject::connect(dialog, &QPrintPreviewDialog::paintRequested, dialog,
+        [view, printer](QPrinter* paper) { paintForPreview(*view, *paper); });
+    dialog->open();
+}
+
+} // namespace reelhouse
