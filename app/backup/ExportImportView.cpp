@@ -5,7 +5,9 @@
 #include "app/backup/StockDocument.h"
 #include "app/backup/StockImport.h"
 #include "app/backup/TransferTexts.h"
+#include "app/store/StoreCompanions.h"
 #include "app/store/StoreContainer.h"
+#include "app/store/StoreTexts.h"
 #include "app/ui/Alert.h"
 #include "app/ui/FilePanels.h"
 #include "core/preferences/Preferences.h"
@@ -72,6 +74,8 @@ void ExportImportView::importFile(const QString& path)
 {
     if (isBusy())
         return;
+    if (belongsToStore(path, m_container.storeFile()))
+        return showError(TransferTexts::importFailed(belongsToStoreText()));
     beginProgress(u"Lecture du fichier…"_s);
     runInBackground(
         this, [path] { return StockImport::readDocument(path); },

@@ -3,6 +3,9 @@
 #include "app/backup/BackgroundWork.h"
 #include "app/backup/GradientSymbol.h"
 #include "app/backup/TransferTexts.h"
+#include "app/store/StoreCompanions.h"
+#include "app/store/StoreContainer.h"
+#include "app/store/StoreTexts.h"
 #include "app/store/UserFiles.h"
 #include "app/ui/Palette.h"
 #include "app/ui/Symbol.h"
@@ -105,12 +108,14 @@ void TransferScreen::endProgress()
 void TransferScreen::writeFile(
     const QString& path, const QByteArray& bytes, const StoreContainer& container)
 {
+    if (belongsToStore(path, container.storeFile()))
+        return showError(TransferTexts::writeFailed(belongsToStoreText()));
     beginProgress(TransferTexts::exporting());
     runInBackground(
         this, [=] { return UserFiles::overwrite(path, bytes); },
         [this, &container](const std::optional<SystemError>& error) {
             if (error)
-                showError(TransferTexts::writeFailed(*error));
+                showError(TransferTexts::writeFailed(error->description()));
             else
                 showSuccess(TransferTexts::exported(container));
         });

@@ -1,7 +1,6 @@
 #include "app/backup/TransferTexts.h"
 
 #include "app/store/StoreContainer.h"
-#include "app/store/SystemErrors.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,9 +22,9 @@ QString TransferTexts::exported(const StoreContainer& container)
         + u" filaments)"_s;
 }
 
-QString TransferTexts::writeFailed(const SystemError& error)
+QString TransferTexts::writeFailed(const QString& reason)
 {
-    return u"Erreur d'écriture : "_s + error.description();
+    return u"Erreur d'écriture : "_s + reason;
 }
 
 QString TransferTexts::imported(qint64 filaments, bool isBackedUp)

@@ -6,7 +6,6 @@
 namespace reelhouse {
 
 class StoreContainer;
-struct SystemError;
 
 /// What the export screens say.
 namespace TransferTexts {
@@ -18,7 +17,8 @@ QString proposedFileName(
 QString exporting();
 /// Counts the filaments of the stock as it is now.
 QString exported(const StoreContainer& container);
-QString writeFailed(const SystemError& error);
+/// `reason` is a French sentence.
+QString writeFailed(const QString& reason);
 
 QString imported(qint64 filaments, bool isBackedUp);
 /// `reason` is a French sentence.

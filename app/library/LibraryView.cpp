@@ -11,7 +11,9 @@
 #include "app/library/StatisticsView.h"
 #include "app/library/StatusBarView.h"
 #include "app/printing/PrintOptionsView.h"
+#include "app/store/StoreCompanions.h"
 #include "app/store/StoreContainer.h"
+#include "app/store/StoreTexts.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/EmptyState.h"
 #include "app/ui/Palette.h"
@@ -309,7 +311,11 @@ void LibraryView::showPrintOptions()
     StoreContext& context = m_container.context();
     auto* sheet = new PrintOptionsView(context,
         {filteredStock(context, m_selection), currentCriteria().summary().value_or(QString()),
-            Product::ofThisBuild()},
+            Product::ofThisBuild(),
+            [this](const QString& path) {
+                return belongsToStore(path, m_container.storeFile()) ? belongsToStoreText()
+                                                                     : QString();
+            }},
         this);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->open();

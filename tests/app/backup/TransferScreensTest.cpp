@@ -4,14 +4,19 @@
 #include "app/ui/Alert.h"
 #include "core/preferences/Preferences.h"
 #include "tests/app/backup/BackupFixture.h"
+#include "tests/app/store/OtherProcess.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTimer>
+#include <QtGui/QFileSystemModel>
 #include <QtTest/QTest>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace reelhouse;
 using namespace reelhouse::tests;
@@ -30,6 +35,9 @@ private slots:
     void anExportReplacesTheFile();
     void aFailedExportSaysWhy_data();
     void aFailedExportSaysWhy();
+    void theStoreItselfIsNeitherReadNorWritten_data();
+    void theStoreItselfIsNeitherReadNorWritten();
+    void aPanelOverTheStoreLeavesItsLock();
     void whatCannotBeEncodedIsToldBeforeThePanel_data();
     void whatCannotBeEncodedIsToldBeforeThePanel();
     void theImportBeginsInTheBackupFolder();
@@ -243,10 +251,74 @@ void TransferScreensTest::aFailedExportSaysWhy()
     panel->setOption(QFileDialog::DontConfirmOverwrite);
     emit panel->fileSelected(u"/dev/full"_s);
 
-    const QString outcome = outcomeOf(screen);
-    QVERIFY2(outcome.startsWith(u"Erreur d'écriture : Ce n'est pas un fichier ordinaire ("_s),
-        qPrintable(outcome));
+    QCOMPARE(outcomeOf(screen), u"Erreur d'écriture : Ce n'est pas un fichier ordinaire."_s);
     QVERIFY(buttonOf(screen, u"Exporter"_s)->isEnabled());
+}
+
+void TransferScreensTest::theStoreItselfIsNeitherReadNorWritten_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("the store") << u"Spoolwright.store"_s;
+    QTest::newRow("its journal, not there yet") << u"Spoolwright.store-journal"_s;
+    QTest::newRow("by a link") << u"lien.json"_s;
+}
+
+void TransferScreensTest::theStoreItselfIsNeitherReadNorWritten()
+{
+    QFETCH(QString, name);
+    TransferFixture fixture;
+    const QString store = fixture.stock->storeFile();
+    const QString folder = QFileInfo(store).path();
+    QVERIFY(QDir().mkpath(QFileInfo(store).path()));
+    BackupFixture::writeFile(store, "le stock");
+    QVERIFY(QFile::link(store, folder + u"/lien.json"_s));
+    const QString path = folder + u'/' + name;
+
+    for (TransferScreen* screen : {static_cast<TransferScreen*>(&fixture.view),
+             static_cast<TransferScreen*>(&fixture.csvView)}) {
+        emit openedPanel(*screen, u"Exporter"_s)->fileSelected(path);
+        QCOMPARE(outcomeOf(*screen),
+            u"Erreur d'écriture : Ce fichier appartient à la base de données de Spoolwright."_s);
+    }
+    fixture.view.importFile(path);
+    QCOMPARE(outcomeOf(fixture.view),
+        u"Erreur d'import : Ce fichier appartient à la base de données de Spoolwright."_s);
+
+    QFile kept(store);
+    QVERIFY(kept.open(QIODevice::ReadOnly));
+    QCOMPARE(kept.readAll(), "le stock"_ba);
+}
+
+void TransferScreensTest::aPanelOverTheStoreLeavesItsLock()
+{
+    TransferFixture fixture;
+    const QString store = fixture.stock->storeFile();
+    QVERIFY(QDir().mkpath(QFileInfo(store).path()));
+    BackupFixture::writeFile(store, "le stock");
+    QFile held(store);
+    QVERIFY(held.open(QIODevice::ReadWrite));
+    struct flock lock {};
+    lock.l_type = F_WRLCK;
+    QCOMPARE(::fcntl(held.handle(), F_SETLK, &lock), 0);
+
+    QFileDialog* panel = openedPanel(fixture.view, u"Importer"_s);
+    panel->setNameFilter(u"(*)"_s);
+    panel->setDirectory(QFileInfo(store).path());
+    const auto* files = panel->findChild<QFileSystemModel*>();
+    QTRY_COMPARE(files->type(files->index(store)), u"Fichier STORE"_s);
+
+    // Whoever opened and closed the file in this process would have given the lock up.
+    OtherProcess other([&](const OtherProcess::Report& report) {
+        QFile file(store);
+        struct flock wanted {};
+        wanted.l_type = F_WRLCK;
+        if (file.open(QIODevice::ReadWrite) && ::fcntl(file.handle(), F_SETLK, &wanted) != 0)
+            report();
+        else
+            ::_exit(1);
+    });
+    other.waitForReport();
 }
 
 void TransferScreensTest::whatCannotBeEncodedIsToldBeforeThePanel_data()
