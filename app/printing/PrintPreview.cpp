@@ -4,6 +4,7 @@
 #include "app/printing/PrintService.h"
 
 #include <QtGui/QPaintEngine>
+#include <QtGui/QScreen>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrinter>
 
@@ -17,6 +18,8 @@ namespace {
 
 /// The preview records all of its pages before it shows one: about a hundredth of a second each.
 constexpr int mostPreviewPages = 100;
+constexpr QSize previewSize(1000, 860);
+constexpr double shareOfTheScreen = 0.9;
 
 /// Paints what the preview asks for: its first pages, or all of them when it prints.
 void paintForPreview(const ReportTextView& view, QPrinter& paper)
@@ -37,6 +40,7 @@ void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget
     PrintService::setReportPage(*printer, view->orientation());
     auto* dialog = new QPrintPreviewDialog(printer.get(), parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->resize(previewSize.boundedTo(dialog->screen()->availableSize() * shareOfTheScreen));
     if (view->pageCount() > mostPreviewPages)
         dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
     // The printer is needed for as long as the dialog lives.

@@ -102,6 +102,8 @@ void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option)
 
 void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option, const QRect& field)
 {
+    if (option.editable)
+        return; // Its field shows the text.
     const Theme& theme = currentTheme();
     QRect rect = field;
     painter.save();

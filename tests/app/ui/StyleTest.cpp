@@ -12,7 +12,6 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
-#include <QtWidgets/QMenu>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSplitter>
@@ -33,6 +32,7 @@ private slots:
     void theDeletingEntryIsRed_data();
     void theDeletingEntryIsRed();
     void onlyAMenuTintsIt();
+    void aBoxThatIsTypedIntoShowsItsTextOnce();
     void aCheckedEntryIsTicked();
     void buttonsAreAtLeast32High_data();
     void buttonsAreAtLeast32High();
@@ -169,6 +169,18 @@ void StyleTest::theDeletingEntryIsRed()
     QCOMPARE(holds(icon, theme().textSecondary), !isRed);
     QCOMPARE(holds(text, theme().red), isRed);
     QCOMPARE(holds(text, theme().textPrimary), !isRed);
+}
+
+void StyleTest::aBoxThatIsTypedIntoShowsItsTextOnce()
+{
+    QComboBox combo;
+    combo.addItem(u"38,8 %"_s);
+    QVERIFY(almostHolds(painted(combo), theme().textPrimary));
+
+    combo.setEditable(true);
+    combo.lineEdit()->hide();
+
+    QVERIFY(!almostHolds(painted(combo), theme().textPrimary));
 }
 
 void StyleTest::onlyAMenuTintsIt()
