@@ -15,6 +15,7 @@
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
@@ -174,6 +175,13 @@ void Sheet::keyPressEvent(QKeyEvent* event)
     // A dialog would press the first button that it finds.
     if (isReturn && m_confirmKey == ConfirmKey::ControlReturn)
         return;
+    // What does not fit into the window can be read without a mouse.
+    if (event->key() == Qt::Key_PageUp || event->key() == Qt::Key_PageDown) {
+        m_scrollArea->verticalScrollBar()->triggerAction(event->key() == Qt::Key_PageUp
+                ? QAbstractSlider::SliderPageStepSub
+                : QAbstractSlider::SliderPageStepAdd);
+        return;
+    }
     QDialog::keyPressEvent(event);
 }
 

@@ -14,6 +14,7 @@
 #include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 using namespace reelhouse;
 using namespace reelhouse::tests;
@@ -30,6 +31,7 @@ private slots:
     void deletingAnOpenSheetTakesTheScrimAway();
     void theScrimFollowsTheWindow();
     void itIsNeverHigherThanTheWindow();
+    void whatDoesNotFitIsReachedByKey();
     void keysCloseIt_data();
     void keysCloseIt();
     void withControlReturnTheTextKeepsItsLineBreak();
@@ -141,6 +143,19 @@ void SheetTest::itIsNeverHigherThanTheWindow()
     const QPoint bottom = open.confirm().mapTo(&open.sheet(), open.confirm().rect().bottomRight());
     QVERIFY(open.sheet().panelRect().contains(bottom));
     QVERIFY(open.field().height() >= 2000);
+}
+
+void SheetTest::whatDoesNotFitIsReachedByKey()
+{
+    OpenSheet open(ConfirmKey::AnyReturn, 2000);
+    const QScrollBar* bar = open.sheet().findChild<QScrollArea*>()->verticalScrollBar();
+    QVERIFY(bar->maximum() > 0);
+    open.confirm().setFocus();
+
+    QTest::keyClick(&open.confirm(), Qt::Key_PageDown);
+    QCOMPARE(bar->value(), std::min(bar->pageStep(), bar->maximum()));
+    QTest::keyClick(&open.confirm(), Qt::Key_PageUp);
+    QCOMPARE(bar->value(), 0);
 }
 
 void SheetTest::keysCloseIt_data()
