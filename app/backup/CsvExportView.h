@@ -13,9 +13,10 @@ class CsvExportView final : public TransferScreen {
 public:
     explicit CsvExportView(StoreContainer& container, QWidget* parent = nullptr);
 
-private:
+    /// Asks for a file and writes the table into it; does nothing while another is being written.
     void exportStock();
 
+private:
     StoreContainer& m_container;
 };
 

@@ -17,13 +17,16 @@ public:
     ExportImportView(
         StoreContainer& container, const Preferences& preferences, QWidget* parent = nullptr);
 
+    // While an export or import is under way these do nothing.
+
+    /// Asks for a file and writes the stock into it.
+    void exportStock();
+    /// Asks for a file and imports it.
+    void chooseDocument();
     /// The first stage of an import: reads the file, then asks before anything is replaced.
-    /// Does nothing while another export or import is under way.
     void importFile(const QString& path);
 
 private:
-    void exportStock();
-    void chooseDocument();
     void confirm(const std::shared_ptr<const ExportData>& pending);
     void replaceStock(const ExportData& document);
 

@@ -119,6 +119,28 @@ void ContentView::showScreen(NavItem item)
     emit screenShown(item);
 }
 
+template <typename Screen>
+Screen& ContentView::shown(NavItem item)
+{
+    showScreen(item);
+    return *static_cast<Screen*>(m_screens->currentWidget());
+}
+
+void ContentView::exportStock()
+{
+    shown<ExportImportView>(NavItem::ExportImport).exportStock();
+}
+
+void ContentView::importStock()
+{
+    shown<ExportImportView>(NavItem::ExportImport).chooseDocument();
+}
+
+void ContentView::exportTable()
+{
+    shown<CsvExportView>(NavItem::CsvExport).exportStock();
+}
+
 QWidget* ContentView::makeScreen(NavItem item)
 {
     StoreContext& context = m_container.context();
@@ -156,9 +178,7 @@ void ContentView::dropEvent(QDropEvent* event)
         return;
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    showScreen(NavItem::ExportImport);
-    if (auto* screen = qobject_cast<ExportImportView*>(m_screens->currentWidget()))
-        screen->importFile(path);
+    shown<ExportImportView>(NavItem::ExportImport).importFile(path);
 }
 
 } // namespace reelhouse

@@ -34,6 +34,10 @@ public:
     void manageFavorites(QWidget* front);
 
     LibraryView& library() const { return *m_library; }
+    /// These show the screen and press its button: each asks for a file first.
+    void exportStock();
+    void importStock();
+    void exportTable();
 
 signals:
     void screenShown(NavItem item);
@@ -47,6 +51,9 @@ protected:
 
 private:
     QWidget* makeScreen(NavItem item);
+    /// Shows the screen and returns it.
+    template <typename Screen>
+    Screen& shown(NavItem item);
     void showFavorites();
     void applyFavorite(const FilterFavorite& favorite);
 

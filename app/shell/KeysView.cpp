@@ -12,14 +12,20 @@
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
 namespace {
 
-constexpr int keysWidth = 780;
-constexpr int keysColumnGap = 20;
+constexpr int keysPadding = 20;
+constexpr int keysColumnGap = 16;
+constexpr int keysBesideSheet = 48;
+constexpr int mostKeysColumns = 3;
+constexpr int leastKeysColumn = 300;
+constexpr int aroundKeysTexts = 48; // In a line: its margins, and a gap between the two texts.
 constexpr int keysGap = 4;
 constexpr qsizetype headingLines = 1; // The height of a heading, in lines.
 
@@ -28,12 +34,13 @@ QString keyName(const QKeySequence& key)
     return key.toString(QKeySequence::NativeText);
 }
 
+/// Without the marks of mnemonics, which `iconText` leaves out.
 KeySection sectionOf(const QMenu& menu)
 {
-    KeySection section{menu.title(), {}};
+    KeySection section{menu.menuAction()->iconText(), {}};
     for (const QAction* action : menu.actions()) {
         if (!action->shortcut().isEmpty())
-            section.lines += {action->text(), keyName(action->shortcut())};
+            section.lines += {action->iconText(), keyName(action->shortcut())};
     }
     return section;
 }
@@ -73,6 +80,20 @@ void addSection(QVBoxLayout& column, const KeySection& section)
     column.addWidget(group);
 }
 
+/// The width that every line has room in.
+int columnWidth(const QList<KeySection>& sections, const QFontMetrics& metrics)
+{
+    int widest = leastKeysColumn;
+    for (const KeySection& section : sections) {
+        for (const KeySection::Line& line : section.lines) {
+            widest = std::max(widest,
+                metrics.horizontalAdvance(line.command) + metrics.horizontalAdvance(line.key)
+                    + aroundKeysTexts);
+        }
+    }
+    return widest;
+}
+
 } // namespace
 
 QList<KeySection> keySections(const QMenuBar& menuBar)
@@ -88,29 +109,36 @@ QList<KeySection> keySections(const QMenuBar& menuBar)
 }
 
 KeysView::KeysView(const QList<KeySection>& sections, QWidget* parent)
-    : Sheet(u"Raccourcis clavier"_s, keysWidth, parent)
+    : Sheet(u"Raccourcis clavier"_s, 0, parent)
 {
+    const int width = columnWidth(sections, fontMetrics());
+    const int room = parent->window()->width() - keysBesideSheet - 2 * keysPadding;
+    const int count
+        = std::clamp((room + keysColumnGap) / (width + keysColumnGap), 1, mostKeysColumns);
+    setPadding(keysPadding);
+    setPanelSize(count * width + (count - 1) * keysColumnGap + 2 * keysPadding);
+
     auto* title = new QLabel(windowTitle());
     setTextStyle(title, TextStyle::Headline);
     body()->addWidget(title);
-    auto* columns = new QHBoxLayout;
-    columns->setSpacing(keysColumnGap);
-    auto* left = new QVBoxLayout;
-    auto* right = new QVBoxLayout;
-    qsizetype leftLines = 0;
-    qsizetype rightLines = 0;
-    for (const KeySection& section : sections) {
-        const bool isLeft = leftLines <= rightLines; // each column grows where it is shorter
-        addSection(isLeft ? *left : *right, section);
-        (isLeft ? leftLines : rightLines) += section.lines.size() + headingLines;
+    auto* row = new QHBoxLayout;
+    row->setSpacing(keysColumnGap);
+    body()->addLayout(row);
+    QList<QVBoxLayout*> columns;
+    QList<qsizetype> lines; // How many each column has, its headings included.
+    for (int index = 0; index < count; ++index) {
+        columns += new QVBoxLayout;
+        columns.last()->setSpacing(keysGap);
+        row->addLayout(columns.last(), 1);
+        lines += 0;
     }
-    left->setSpacing(keysGap);
-    right->setSpacing(keysGap);
-    left->addStretch(1);
-    right->addStretch(1);
-    columns->addLayout(left, 1);
-    columns->addLayout(right, 1);
-    body()->addLayout(columns);
+    for (const KeySection& section : sections) {
+        const auto shortest = std::ranges::min_element(lines) - lines.begin();
+        addSection(*columns.at(shortest), section);
+        lines[shortest] += section.lines.size() + headingLines;
+    }
+    for (QVBoxLayout* column : columns)
+        column->addStretch(1);
 
     auto* closeButton = new QPushButton(u"Fermer"_s, this);
     buttonRow()->addStretch(1);

@@ -21,7 +21,7 @@ struct KeySection {
 /// then those that work inside lists and sheets.
 QList<KeySection> keySections(const QMenuBar& menuBar);
 
-/// The sheet that lists the keys, in two columns.
+/// The sheet that lists the keys, in as many columns as the window has room for, three at most.
 class KeysView final : public Sheet {
     Q_OBJECT
 

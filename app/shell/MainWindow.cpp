@@ -35,32 +35,33 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 void MainWindow::makeMenuBar()
 {
-    QMenu* application = menuBar()->addMenu(u"Spoolwright"_s);
-    QAction* about = application->addAction(u"À propos de Reelhouse"_s);
+    QMenu* application = menuBar()->addMenu(u"Spool&wright"_s);
+    QAction* about = application->addAction(u"À &propos de Reelhouse"_s);
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &MainWindow::aboutRequested);
     application->addSeparator();
-    m_settings = application->addAction(u"Réglages…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
+    m_settings = application->addAction(u"&Réglages…"_s, QKeySequence(Qt::CTRL | Qt::Key_Comma),
         this, &MainWindow::settingsRequested);
     m_settings->setMenuRole(QAction::PreferencesRole);
     m_settings->setEnabled(false);
     application->addSeparator();
     QAction* quit = application->addAction(
-        u"Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &MainWindow::quitRequested);
+        u"&Quitter"_s, QKeySequence(Qt::CTRL | Qt::Key_Q), this, &MainWindow::quitRequested);
     quit->setMenuRole(QAction::QuitRole);
 
-    m_fileMenu = menuBar()->addMenu(u"Fichier"_s);
-    m_editMenu = menuBar()->addMenu(u"Édition"_s);
-    m_viewMenu = menuBar()->addMenu(u"Présentation"_s);
-    m_stockMenu = menuBar()->addMenu(u"Stock"_s);
+    m_fileMenu = menuBar()->addMenu(u"&Fichier"_s);
+    m_editMenu = menuBar()->addMenu(u"É&dition"_s);
+    m_viewMenu = menuBar()->addMenu(u"&Présentation"_s);
+    m_stockMenu = menuBar()->addMenu(u"&Stock"_s);
     for (QMenu* menu : {m_fileMenu, m_viewMenu, m_stockMenu})
         menu->menuAction()->setVisible(false);
-    QMenu* window = menuBar()->addMenu(u"Fenêtre"_s);
+    QMenu* window = menuBar()->addMenu(u"Fe&nêtre"_s);
     window->addAction(
-        u"Réduire"_s, QKeySequence(Qt::CTRL | Qt::Key_M), this, &QWidget::showMinimized);
-    QMenu* help = menuBar()->addMenu(u"Aide"_s);
+        u"&Réduire"_s, QKeySequence(Qt::CTRL | Qt::Key_M), this, &QWidget::showMinimized);
+    window->addAction(u"&Fermer"_s, QKeySequence(Qt::CTRL | Qt::Key_W), this, &QWidget::close);
+    QMenu* help = menuBar()->addMenu(u"&Aide"_s);
     help->addAction(
-        u"Raccourcis clavier"_s, QKeySequence(Qt::Key_F1), this, &MainWindow::keysRequested);
+        u"&Raccourcis clavier"_s, QKeySequence(Qt::Key_F1), this, &MainWindow::keysRequested);
 }
 
 } // namespace reelhouse

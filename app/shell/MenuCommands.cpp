@@ -4,38 +4,66 @@
 #include "app/library/SpoolActions.h"
 #include "app/shell/ContentView.h"
 #include "app/shell/MainWindow.h"
+#include "app/shell/Mnemonics.h"
 
 #include <QtGui/QActionGroup>
 #include <QtWidgets/QMenu>
+
+using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
 MenuCommands::MenuCommands(ContentView& content, MainWindow& window)
     : QObject(&content)
     , m_window(window)
+    , m_libraryCommands(content.library().modeCommands())
 {
-    addLibraryCommands(content, window);
-    addScreens(content, window);
+    LibraryView& library = content.library();
+    m_libraryCommands << library.printCommand() << library.searchCommand();
+    addFileCommands(content, window.fileMenu());
+    window.editMenu().addSeparator();
+    window.editMenu().addAction(library.searchCommand());
+    setMnemonics(window.editMenu(), u"      h"_s); // The others have theirs.
+    addViews(content, window.viewMenu());
+    library.spoolActions().addTo(window.stockMenu());
+    setMnemonics(window.stockMenu(), u"farmuds"_s);
     for (QMenu* menu : {&window.fileMenu(), &window.viewMenu(), &window.stockMenu()})
         menu->menuAction()->setVisible(true);
     connect(&content, &ContentView::screenShown, this, &MenuCommands::follow);
     follow(content.selection());
 }
 
-void MenuCommands::addLibraryCommands(ContentView& content, MainWindow& window)
+void MenuCommands::addFileCommands(ContentView& content, QMenu& menu)
 {
-    LibraryView& library = content.library();
-    m_libraryCommands = library.modeCommands();
-    m_libraryCommands << library.printCommand() << library.searchCommand();
-    library.spoolActions().addTo(window.stockMenu());
-    window.fileMenu().addAction(library.printCommand());
-    window.editMenu().addSeparator();
-    window.editMenu().addAction(library.searchCommand());
-    window.viewMenu().addActions(library.modeCommands());
-    window.viewMenu().addSeparator();
+    menu.addAction(
+        u"Exporter…"_s, QKeySequence(Qt::CTRL | Qt::Key_E), &content, &ContentView::exportStock);
+    menu.addAction(
+        u"Importer…"_s, QKeySequence(Qt::CTRL | Qt::Key_I), &content, &ContentView::importStock);
+    menu.addSeparator();
+    menu.addAction(u"Exporter en CSV…"_s, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_E), &content,
+        &ContentView::exportTable);
+    menu.addSeparator();
+    menu.addAction(content.library().printCommand());
+    setMnemonics(menu, u"emci"_s);
 }
 
-void MenuCommands::addScreens(ContentView& content, MainWindow& window)
+void MenuCommands::addViews(ContentView& content, QMenu& menu)
+{
+    LibraryView& library = content.library();
+    auto* modes = new QActionGroup(this);
+    for (QAction* mode : library.modeCommands()) {
+        mode->setCheckable(true);
+        modes->addAction(mode);
+    }
+    connect(&menu, &QMenu::aboutToShow, &library,
+        [&library] { library.modeCommands().at(qsizetype(library.viewMode()))->setChecked(true); });
+    menu.addActions(modes->actions());
+    menu.addSeparator();
+    addScreens(content, menu);
+    setMnemonics(menu, u"lcasymgiev"_s);
+}
+
+void MenuCommands::addScreens(ContentView& content, QMenu& menu)
 {
     auto* group = new QActionGroup(this);
     for (const NavItem item : allNavItems) {
@@ -45,7 +73,7 @@ void MenuCommands::addScreens(ContentView& content, MainWindow& window)
             action, &QAction::triggered, &content, [&content, item] { content.showScreen(item); });
         m_screens += action;
     }
-    window.viewMenu().addActions(m_screens);
+    menu.addActions(m_screens);
 }
 
 void MenuCommands::follow(NavItem shown)

@@ -6,6 +6,7 @@
 #include <QtCore/QObject>
 
 class QAction;
+class QMenu;
 
 namespace reelhouse {
 
@@ -21,8 +22,9 @@ public:
     MenuCommands(ContentView& content, MainWindow& window);
 
 private:
-    void addScreens(ContentView& content, MainWindow& window);
-    void addLibraryCommands(ContentView& content, MainWindow& window);
+    void addFileCommands(ContentView& content, QMenu& menu);
+    void addViews(ContentView& content, QMenu& menu);
+    void addScreens(ContentView& content, QMenu& menu);
     void follow(NavItem shown);
 
     MainWindow& m_window;

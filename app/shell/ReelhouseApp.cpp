@@ -2,12 +2,12 @@
 
 #include "app/shell/AboutView.h"
 #include "app/shell/ContentView.h"
+#include "app/shell/EditCommands.h"
 #include "app/shell/FileBrowser.h"
 #include "app/shell/KeysView.h"
 #include "app/shell/MenuCommands.h"
 #include "app/shell/SettingsView.h"
 #include "app/shell/SingleInstance.h"
-#include "app/shell/UndoCommands.h"
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreFailedView.h"
 #include "app/store/StoreLoadingView.h"
@@ -85,7 +85,7 @@ void ReelhouseApp::showContent(StoreContainer& container)
     connect(content, &ContentView::settingsRequested, this, settings);
     connect(&m_window, &MainWindow::settingsRequested, content, settings);
     m_window.setSettingsEnabled(true);
-    new UndoCommands(container.context(), m_window.editMenu(), content);
+    new EditCommands(container.context(), m_window.editMenu(), content);
     new MenuCommands(*content, m_window);
     m_window.showScreen(content);
 }

@@ -11,6 +11,7 @@
 #include <QtGui/QPainterPath>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QStyleOption>
 
 #include <algorithm>
@@ -34,10 +35,18 @@ constexpr int tickSide = 14;
 constexpr qreal entryRadius = 6;
 constexpr qreal menuRadius = 10;
 
-/// The entry that deletes, wherever a menu holds it.
+/// The entry that deletes, wherever a menu holds it, whichever letter chooses it.
 bool isDelete(const QString& title, const QWidget* widget)
 {
-    return qobject_cast<const QMenu*>(widget) != nullptr && title == "Supprimer"_L1;
+    return qobject_cast<const QMenu*>(widget) != nullptr && title.count(u'&') <= 1
+        && QString(title).remove(u'&') == "Supprimer"_L1;
+}
+
+/// Letters are underlined where they are seen to belong to a way through the menu bar.
+Qt::TextFlag mnemonicFlag(const QWidget* widget)
+{
+    const bool isInBar = widget != nullptr && qobject_cast<QMenuBar*>(widget->parentWidget());
+    return isInBar ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
 }
 
 QPixmap tinted(const QPixmap& shape, const QColor& color)
@@ -145,7 +154,7 @@ void paintItem(QPainter& painter, const QStyleOptionMenuItem& option, const QWid
     painter.setFont(option.font);
     painter.setPen(isRed ? theme.red : theme.textPrimary);
     painter.drawText(placed(textRect),
-        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | Qt::TextHideMnemonic, title);
+        Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine | mnemonicFlag(widget), title);
 
     if (const QString shortcut = option.text.section(u'\t', 1); !shortcut.isEmpty()) {
         painter.setFont(fontOf(TextStyle::Caption));

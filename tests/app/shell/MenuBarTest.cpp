@@ -2,10 +2,10 @@
 #include "app/library/LibraryView.h"
 #include "app/library/SpoolActions.h"
 #include "app/shell/ContentView.h"
+#include "app/shell/EditCommands.h"
 #include "app/shell/KeysView.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/MenuCommands.h"
-#include "app/shell/UndoCommands.h"
 #include "core/preferences/Preferences.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/MemoryStock.h"
@@ -13,9 +13,12 @@
 
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
+#include <QtWidgets/QScrollArea>
+#include <QtWidgets/QScrollBar>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -27,10 +30,17 @@ private slots:
     void withoutAStockOnlyTheProgramsOwnCommandsAreThere();
     void everyCommandHasItsPlace();
     void noTwoCommandsShareAKey();
+    void everyEntryHasALetterOfItsOwn();
+    void theMenuBarIsWalkedThroughByLetters();
+    void filesAreExportedAndImportedFromTheMenu_data();
+    void filesAreExportedAndImportedFromTheMenu();
     void screensAreChosenInTheMenu();
+    void theViewModeIsTicked();
     void theLibrarysCommandsRestWhileItIsHidden();
     void theProgramsCommandsAreAskedFor();
     void theSheetOfKeysNamesEveryKeyOfTheMenus();
+    void theSheetOfKeysFitsIntoTheWindow_data();
+    void theSheetOfKeysFitsIntoTheWindow();
 };
 
 namespace {
@@ -40,9 +50,23 @@ QStringList visibleMenus(const MainWindow& window)
     QStringList titles;
     for (const QAction* action : window.menuBar()->actions()) {
         if (action->isVisible())
-            titles += action->text();
+            titles += action->iconText();
     }
     return titles;
+}
+
+QList<QMenu*> menusOf(const MainWindow& window)
+{
+    QList<QMenu*> menus;
+    for (const QAction* action : window.menuBar()->actions())
+        menus += action->menu();
+    return menus;
+}
+
+/// The letter that chooses an entry, in lower case; empty without one.
+QString mnemonicOf(const QAction& entry)
+{
+    return QKeySequence::mnemonic(entry.text()).toString().section(u'+', 1).toLower();
 }
 
 QStringList entriesOf(const QMenu& menu)
@@ -50,7 +74,7 @@ QStringList entriesOf(const QMenu& menu)
     QStringList entries;
     for (const QAction* action : menu.actions()) {
         if (!action->isSeparator())
-            entries += action->text();
+            entries += action->iconText();
     }
     return entries;
 }
@@ -59,7 +83,7 @@ QAction& entryNamed(const MainWindow& window, const QString& text)
 {
     for (const QAction* menu : window.menuBar()->actions()) {
         for (QAction* action : menu->menu()->actions()) {
-            if (action->text() == text)
+            if (action->iconText() == text)
                 return *action;
         }
     }
@@ -70,7 +94,7 @@ struct MenuBarFixture {
     MenuBarFixture()
     {
         window.setSettingsEnabled(true);
-        new UndoCommands(stock->context(), window.editMenu(), content);
+        new EditCommands(stock->context(), window.editMenu(), content);
         new MenuCommands(*content, window);
         window.showScreen(content);
         window.resize(1300, 850);
@@ -99,16 +123,20 @@ void MenuBarTest::withoutAStockOnlyTheProgramsOwnCommandsAreThere()
 void MenuBarTest::everyCommandHasItsPlace()
 {
     MenuBarFixture fixture;
-    const QMenu* application = fixture.window.menuBar()->actions().first()->menu();
+    const QList<QMenu*> menus = menusOf(fixture.window);
+    const QMenu* application = menus.first();
+    const QList<QMenu*> lastMenus = menus.last(2);
 
     QCOMPARE(visibleMenus(fixture.window),
         QStringList({u"Spoolwright"_s, u"Fichier"_s, u"Édition"_s, u"Présentation"_s, u"Stock"_s,
             u"Fenêtre"_s, u"Aide"_s}));
     QCOMPARE(entriesOf(*application),
         QStringList({u"À propos de Reelhouse"_s, u"Réglages…"_s, u"Quitter"_s}));
-    QCOMPARE(entriesOf(fixture.window.fileMenu()), QStringList{u"Imprimer…"_s});
+    QCOMPARE(entriesOf(fixture.window.fileMenu()),
+        QStringList({u"Exporter…"_s, u"Importer…"_s, u"Exporter en CSV…"_s, u"Imprimer…"_s}));
     QCOMPARE(entriesOf(fixture.window.editMenu()),
-        QStringList({u"Annuler"_s, u"Rétablir"_s, u"Rechercher"_s}));
+        QStringList({u"Annuler"_s, u"Rétablir"_s, u"Couper"_s, u"Copier"_s, u"Coller"_s,
+            u"Tout sélectionner"_s, u"Rechercher"_s}));
     QCOMPARE(entriesOf(fixture.window.viewMenu()),
         QStringList(
             {u"Liste"_s, u"Cartes"_s, u"Stats"_s, u"Stock de filaments"_s, u"Types de filament"_s,
@@ -117,6 +145,8 @@ void MenuBarTest::everyCommandHasItsPlace()
         QStringList({u"Ajouter un filament"_s, u"Ajouter une bobine"_s, u"Retirer une bobine"_s,
             u"Ajouter une bobine entamée"_s, u"Supprimer une bobine entamée"_s,
             u"Dupliquer le filament"_s, u"Supprimer"_s}));
+    QCOMPARE(entriesOf(*lastMenus.at(0)), QStringList({u"Réduire"_s, u"Fermer"_s}));
+    QCOMPARE(entriesOf(*lastMenus.at(1)), QStringList{u"Raccourcis clavier"_s});
     QCOMPARE(entryNamed(fixture.window, u"Réglages…"_s).shortcut(),
         QKeySequence(Qt::CTRL | Qt::Key_Comma));
     QCOMPARE(
@@ -140,6 +170,68 @@ void MenuBarTest::noTwoCommandsShareAKey()
     QCOMPARE(keys.removeDuplicates(), 0);
 }
 
+void MenuBarTest::everyEntryHasALetterOfItsOwn()
+{
+    MenuBarFixture fixture;
+    fixture.stock->context().perform(u"Ajouter une marque"_s,
+        [&] { fixture.stock->context().insert(std::make_unique<Brand>(u"Sunlu"_s)); });
+    fixture.stock->context().processPendingChanges();
+
+    QStringList titleLetters;
+    for (const QMenu* menu : menusOf(fixture.window)) {
+        titleLetters += mnemonicOf(*menu->menuAction());
+        QStringList letters;
+        for (const QAction* action : menu->actions()) {
+            if (action->isSeparator())
+                continue;
+            QVERIFY2(!mnemonicOf(*action).isEmpty(), qPrintable(action->text()));
+            letters += mnemonicOf(*action);
+        }
+        QVERIFY2(letters.removeDuplicates() == 0, qPrintable(menu->title()));
+    }
+    QVERIFY(!titleLetters.contains(QString()));
+    QCOMPARE(titleLetters.removeDuplicates(), 0);
+}
+
+void MenuBarTest::theMenuBarIsWalkedThroughByLetters()
+{
+    MenuBarFixture fixture;
+    QVERIFY(QTest::qWaitForWindowActive(&fixture.window));
+
+    QTest::keyClick(&fixture.window, Qt::Key_P, Qt::AltModifier);
+    QTRY_COMPARE(QApplication::activePopupWidget(), &fixture.window.viewMenu());
+    QTest::keyClick(&fixture.window.viewMenu(), Qt::Key_G);
+
+    QCOMPARE(fixture.content->selection(), NavItem::Ranges);
+}
+
+void MenuBarTest::filesAreExportedAndImportedFromTheMenu_data()
+{
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<NavItem>("screen");
+    QTest::addColumn<QString>("panel");
+
+    QTest::newRow("export") << u"Exporter…"_s << NavItem::ExportImport << u"Exporter le stock"_s;
+    QTest::newRow("import") << u"Importer…"_s << NavItem::ExportImport << u"Importer le stock"_s;
+    QTest::newRow("table") << u"Exporter en CSV…"_s << NavItem::CsvExport
+                           << u"Exporter le stock en CSV"_s;
+}
+
+void MenuBarTest::filesAreExportedAndImportedFromTheMenu()
+{
+    QFETCH(QString, entry);
+    QFETCH(NavItem, screen);
+    QFETCH(QString, panel);
+    const MenuBarFixture fixture;
+
+    entryNamed(fixture.window, entry).trigger();
+
+    QCOMPARE(fixture.content->selection(), screen);
+    QTRY_VERIFY(QApplication::activeModalWidget());
+    QCOMPARE(QApplication::activeModalWidget()->windowTitle(), panel);
+    QApplication::activeModalWidget()->close();
+}
+
 void MenuBarTest::screensAreChosenInTheMenu()
 {
     MenuBarFixture fixture;
@@ -152,6 +244,19 @@ void MenuBarTest::screensAreChosenInTheMenu()
     fixture.content->showScreen(NavItem::CsvExport);
     QVERIFY(entryNamed(fixture.window, u"Export CSV"_s).isChecked());
     QVERIFY(!entryNamed(fixture.window, u"Gammes"_s).isChecked());
+}
+
+void MenuBarTest::theViewModeIsTicked()
+{
+    MenuBarFixture fixture;
+    fixture.content->library().setViewMode(ViewMode::Cards);
+
+    emit fixture.window.viewMenu().aboutToShow();
+    QVERIFY(entryNamed(fixture.window, u"Cartes"_s).isChecked());
+    QVERIFY(!entryNamed(fixture.window, u"Liste"_s).isChecked());
+
+    entryNamed(fixture.window, u"Stats"_s).trigger();
+    QCOMPARE(fixture.content->library().viewMode(), ViewMode::Stats);
 }
 
 void MenuBarTest::theLibrarysCommandsRestWhileItIsHidden()
@@ -205,12 +310,36 @@ void MenuBarTest::theSheetOfKeysNamesEveryKeyOfTheMenus()
     for (const QAction* menu : fixture.window.menuBar()->actions()) {
         for (const QAction* action : menu->menu()->actions()) {
             const QString key = action->shortcut().toString(QKeySequence::NativeText);
-            QVERIFY2(key.isEmpty() || (texts.contains(key) && texts.contains(action->text())),
+            QVERIFY2(key.isEmpty() || (texts.contains(key) && texts.contains(action->iconText())),
                 qPrintable(key));
         }
     }
     QCOMPARE(sections.last().title, u"Fiches et questions"_s);
     QCOMPARE(tests::unnamedControls(&sheet), QStringList());
+}
+
+void MenuBarTest::theSheetOfKeysFitsIntoTheWindow_data()
+{
+    QTest::addColumn<QSize>("window");
+    QTest::addColumn<bool>("mayScroll");
+
+    QTest::newRow("at first") << QSize(1300, 850) << false;
+    QTest::newRow("at its smallest") << QSize(1100, 823) << true;
+}
+
+void MenuBarTest::theSheetOfKeysFitsIntoTheWindow()
+{
+    QFETCH(QSize, window);
+    QFETCH(bool, mayScroll);
+    MenuBarFixture fixture;
+    fixture.window.setFixedSize(window);
+    KeysView sheet(keySections(*fixture.window.menuBar()), &fixture.window);
+    sheet.open();
+
+    const auto* area = sheet.findChild<QScrollArea*>();
+    QVERIFY(mayScroll || area->verticalScrollBar()->maximum() == 0);
+    QVERIFY(area->widget()->minimumSizeHint().width() <= area->viewport()->width());
+    QVERIFY(sheet.width() <= window.width() - 48);
 }
 
 REELHOUSE_TEST(MenuBarTest)

@@ -12,6 +12,8 @@
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QScrollBar>
 #include <QtWidgets/QSplitter>
@@ -33,6 +35,8 @@ private slots:
     void theDeletingEntryIsRed();
     void onlyAMenuTintsIt();
     void aBoxThatIsTypedIntoShowsItsTextOnce();
+    void lettersAreUnderlinedInTheMenusOfABar_data();
+    void lettersAreUnderlinedInTheMenusOfABar();
     void aCheckedEntryIsTicked();
     void buttonsAreAtLeast32High_data();
     void buttonsAreAtLeast32High();
@@ -144,6 +148,8 @@ void StyleTest::theDeletingEntryIsRed_data()
 
     QTest::newRow("exactly") << u"Supprimer"_s << false << true;
     QTest::newRow("with its key") << u"Supprimer"_s << true << true;
+    QTest::newRow("with a letter that chooses it") << u"S&upprimer"_s << false << true;
+    QTest::newRow("with a character & of its own") << u"&&Supprimer"_s << false << false;
     QTest::newRow("longer") << u"Supprimer une bobine entamée"_s << false << false;
     QTest::newRow("lower case") << u"supprimer"_s << false << false;
     QTest::newRow("with a space") << u"Supprimer "_s << false << false;
@@ -191,6 +197,27 @@ void StyleTest::onlyAMenuTintsIt()
 
     QVERIFY(!holds(painted(combo), theme().red));
     QVERIFY(!holds(painted(button), theme().red));
+}
+
+void StyleTest::lettersAreUnderlinedInTheMenusOfABar_data()
+{
+    QTest::addColumn<bool>("isInBar");
+
+    QTest::newRow("in a menu bar") << true;
+    QTest::newRow("at the pointer") << false;
+}
+
+void StyleTest::lettersAreUnderlinedInTheMenusOfABar()
+{
+    QFETCH(bool, isInBar);
+    QMenuBar bar;
+    QMenu menu(isInBar ? &bar : nullptr);
+    QAction* entry = menu.addAction(u"Liste"_s);
+    const QImage plain = painted(menu);
+
+    entry->setText(u"&Liste"_s);
+
+    QCOMPARE(painted(menu) != plain, isInBar);
 }
 
 void StyleTest::aCheckedEntryIsTicked()

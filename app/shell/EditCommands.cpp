@@ -1,0 +1,107 @@
+#include "app/shell/EditCommands.h"
+
+#include "core/model/StoreContext.h"
+
+#include <QtCore/QMimeData>
+#include <QtGui/QAction>
+#include <QtGui/QClipboard>
+#include <QtWidgets/QApplication>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMenu>
+#include <QtWidgets/QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+namespace {
+
+/// "Annuler « Retirer une bobine »"; the verb alone without an action.
+QString named(const QString& verb, const QString& actionName)
+{
+    return actionName.isEmpty() ? verb : verb + u" « "_s + actionName + u" »"_s;
+}
+
+} // namespace
+
+EditCommands::EditCommands(StoreContext& context, QMenu& menu, QObject* parent)
+    : QObject(parent)
+    , m_context(context)
+    , m_undo(new QAction(this))
+    , m_redo(new QAction(this))
+    , m_cut(addFieldCommand(u"&Couper"_s, Qt::CTRL | Qt::Key_X, &QLineEdit::cut))
+    , m_copy(addFieldCommand(u"C&opier"_s, Qt::CTRL | Qt::Key_C, &QLineEdit::copy))
+    , m_paste(addFieldCommand(u"Co&ller"_s, Qt::CTRL | Qt::Key_V, &QLineEdit::paste))
+    , m_selectAll(
+          addFieldCommand(u"&Tout sélectionner"_s, Qt::CTRL | Qt::Key_A, &QLineEdit::selectAll))
+{
+    m_undo->setShortcut(Qt::CTRL | Qt::Key_Z);
+    m_redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    menu.addActions({m_undo, m_redo});
+    menu.addSeparator();
+    menu.addActions({m_cut, m_copy, m_paste, m_selectAll});
+
+    connect(m_undo, &QAction::triggered, this, &EditCommands::undo);
+    connect(m_redo, &QAction::triggered, this, &EditCommands::redo);
+    connect(&menu, &QMenu::aboutToShow, this, &EditCommands::refresh);
+    connect(qApp, &QApplication::focusChanged, this, &EditCommands::followFocus);
+    connect(&context, &StoreContext::changed, this, &EditCommands::refresh);
+    refresh();
+}
+
+QAction* EditCommands::addFieldCommand(
+    const QString& text, const QKeySequence& key, const std::function<void(QLineEdit&)>& edit)
+{
+    auto* command = new QAction(text, this);
+    command->setShortcut(key);
+    connect(command, &QAction::triggered, this, [this, edit] {
+        if (m_field)
+            edit(*m_field);
+    });
+    return command;
+}
+
+void EditCommands::followFocus(const QWidget* /*before*/, QWidget* now)
+{
+    // Who walks through the menu bar with the keyboard wants to edit what had it before.
+    if (!now || qobject_cast<const QMenuBar*>(now))
+        return;
+    m_field = qobject_cast<QLineEdit*>(now);
+    refresh();
+}
+
+void EditCommands::refresh()
+{
+    const QString undoName = m_field ? QString() : m_context.undoActionName();
+    const QString redoName = m_field ? QString() : m_context.redoActionName();
+    m_undo->setText(named(u"&Annuler"_s, undoName));
+    m_redo->setText(named(u"&Rétablir"_s, redoName));
+    m_undo->setEnabled(m_field ? m_field->isUndoAvailable() : !undoName.isEmpty());
+    m_redo->setEnabled(m_field ? m_field->isRedoAvailable() : !redoName.isEmpty());
+
+    const bool hasSelection = m_field && m_field->hasSelectedText();
+    const bool isWritable = m_field && !m_field->isReadOnly();
+    const QMimeData* clipboard = QGuiApplication::clipboard()->mimeData();
+    m_cut->setEnabled(hasSelection && isWritable);
+    m_copy->setEnabled(hasSelection);
+    m_paste->setEnabled(isWritable && clipboard && clipboard->hasText());
+    m_selectAll->setEnabled(m_field && !m_field->text().isEmpty());
+}
+
+void EditCommands::undo()
+{
+    if (m_field)
+        m_field->undo();
+    else
+        m_context.undo();
+}
+
+void EditCommands::redo()
+{
+    if (m_field)
+        m_field->redo();
+    else
+        m_context.redo();
+}
+
+} // namespace reelhouse

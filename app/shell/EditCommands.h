@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QtCore/QObject>
+#include <QtCore/QPointer>
+
+#include <functional>
+
+class QAction;
+class QKeySequence;
+class QLineEdit;
+class QMenu;
+
+namespace reelhouse {
+
+class StoreContext;
+
+/// The entries of the menu "Édition". While a text field has the keyboard they edit its text, as
+/// their keys do there; else the first two put actions of the user back and do them again, each
+/// with the name of the action, and the others rest.
+class EditCommands final : public QObject {
+    Q_OBJECT
+
+public:
+    EditCommands(StoreContext& context, QMenu& menu, QObject* parent);
+
+private:
+    QAction* addFieldCommand(
+        const QString& text, const QKeySequence& key, const std::function<void(QLineEdit&)>& edit);
+    void followFocus(const QWidget* before, QWidget* now);
+    void refresh();
+    void undo();
+    void redo();
+
+    StoreContext& m_context;
+    QPointer<QLineEdit> m_field; ///< The one that has the keyboard.
+    QAction* m_undo;
+    QAction* m_redo;
+    QAction* m_cut;
+    QAction* m_copy;
+    QAction* m_paste;
+    QAction* m_selectAll;
+};
+
+} // namespace reelhouse
