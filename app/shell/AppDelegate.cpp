@@ -192,6 +192,8 @@ bool AppDelegate::confirmQuit()
     Alert alert(AlertTone::Question, u"Quitter Spoolwright ?"_s,
         u"Voulez-vous vraiment quitter l'application ?"_s,
         {{u"Quitter"_s, AlertRole::Confirm}, {u"Annuler"_s, AlertRole::Cancel}}, m_mainWindow());
+    if (usingInMemoryStore())
+        alert.addNote(u"Aucune sauvegarde ne sera créée (mode base temporaire)."_s);
     const int answer = alert.exec();
     m_isAskingToQuit = false;
     return answer == quit;

@@ -12,6 +12,7 @@
 #include "app/store/StoreContainer.h"
 #include "core/preferences/Preferences.h"
 
+#include <QtCore/QFileInfo>
 #include <QtCore/QMimeData>
 #include <QtGui/QDropEvent>
 #include <QtWidgets/QApplication>
@@ -56,8 +57,10 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences,
     auto* columnLayout = new QVBoxLayout(column);
     columnLayout->setContentsMargins(0, 0, 0, 0);
     columnLayout->setSpacing(0);
-    if (container.usesMemoryStore())
-        columnLayout->addWidget(new TemporaryStoreNotice(column));
+    if (container.usesMemoryStore()) {
+        const QString dataFolder = QFileInfo(container.storeFile()).path();
+        columnLayout->addWidget(new TemporaryStoreNotice(dataFolder, column));
+    }
     columnLayout->addWidget(m_screens);
     addWidget(m_sidebar);
     addWidget(column);

@@ -4,12 +4,13 @@
 
 namespace reelhouse {
 
-/// The calm line at the top of the content while the stock is the temporary one.
+/// The calm lines at the top of the content while the stock is the temporary one: that nothing
+/// will be kept or backed up, and where the data lies that could not be opened.
 class TemporaryStoreNotice final : public QWidget {
     Q_OBJECT
 
 public:
-    explicit TemporaryStoreNotice(QWidget* parent = nullptr);
+    explicit TemporaryStoreNotice(const QString& dataFolder, QWidget* parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -22,6 +22,7 @@ constexpr int narrowest = 420;
 constexpr int widest = 500;
 constexpr int alertPadding = 22;
 constexpr int tileSide = 44;
+constexpr int questionIconSide = tileSide + 4;
 constexpr int tileGap = 16;
 constexpr int symbolSide = 20;
 constexpr qreal tileRadius = 12;
@@ -30,7 +31,7 @@ constexpr qreal tileRadius = 12;
 QWidget* iconFor(AlertTone tone, QWidget* parent)
 {
     if (tone == AlertTone::Question)
-        return new IconView(applicationIcon(), tileSide + 4, parent);
+        return new IconView(applicationIcon(), questionIconSide, parent);
     const bool isWarning = tone == AlertTone::Warning;
     const QIcon symbol = isWarning ? symbolIcon(u"exclamationmark.triangle.fill"_s, &Theme::orange)
                                    : symbolIcon(u"trash"_s, &Theme::red);
@@ -61,11 +62,22 @@ QLabel* wrappingLabel(const QString& text, QWidget* parent)
     return label;
 }
 
+/// Wide enough for the longest line of its texts, within limits.
+int widthFor(const Alert& alert)
+{
+    int longestLine = 0;
+    for (const QLabel* label : alert.findChildren<QLabel*>())
+        longestLine = std::max(longestLine, label->fontMetrics().size(0, label->text()).width());
+    return std::clamp(
+        2 * alertPadding + questionIconSide + tileGap + longestLine + 2, narrowest, widest);
+}
+
 } // namespace
 
 Alert::Alert(AlertTone tone, const QString& title, const QString& message,
     const QList<AlertButton>& buttons, QWidget* parent)
     : Sheet(title, narrowest, parent)
+    , m_texts(new QVBoxLayout)
 {
     setPadding(alertPadding);
     addTexts(tone, title, message);
@@ -80,21 +92,26 @@ void Alert::addTexts(AlertTone tone, const QString& title, const QString& messag
     setTextTone(messageLabel, TextTone::Secondary);
     setAccessibleDescription(message);
 
-    auto* texts = new QVBoxLayout;
-    texts->setSpacing(8);
-    texts->addWidget(titleLabel);
-    texts->addWidget(messageLabel);
-    texts->addStretch(1);
+    m_texts->setSpacing(8);
+    m_texts->addWidget(titleLabel);
+    m_texts->addWidget(messageLabel);
+    m_texts->addStretch(1);
     auto* row = new QHBoxLayout;
     row->setSpacing(tileGap);
     row->addWidget(iconFor(tone, this), 0, Qt::AlignTop);
-    row->addLayout(texts, 1);
+    row->addLayout(m_texts, 1);
     body()->addLayout(row);
 
-    const int longestLine = std::max(titleLabel->fontMetrics().size(0, title).width(),
-        messageLabel->fontMetrics().size(0, message).width());
-    setPanelSize(
-        std::clamp(2 * alertPadding + tileSide + tileGap + longestLine + 2, narrowest, widest));
+    setPanelSize(widthFor(*this));
+}
+
+void Alert::addNote(const QString& text)
+{
+    QLabel* note = wrappingLabel(text, this);
+    setTextTone(note, TextTone::Orange);
+    m_texts->insertWidget(m_texts->count() - 1, note); // above the stretch
+    setPanelSize(widthFor(*this));
+    setAccessibleDescription(accessibleDescription() + u' ' + text);
 }
 
 void Alert::addButtons(const QList<AlertButton>& buttons)

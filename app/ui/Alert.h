@@ -4,6 +4,8 @@
 
 #include <QtCore/QList>
 
+class QVBoxLayout;
+
 namespace reelhouse {
 
 /// What an alert is about; decides its icon and the ground of it.
@@ -36,12 +38,15 @@ public:
     Alert(AlertTone tone, const QString& title, const QString& message,
         const QList<AlertButton>& buttons, QWidget* parent = nullptr);
 
+    /// Adds a sentence of its own below the message.
+    void addNote(const QString& text);
     void reject() override;
 
 private:
     void addTexts(AlertTone tone, const QString& title, const QString& message);
     void addButtons(const QList<AlertButton>& buttons);
 
+    QVBoxLayout* m_texts;
     int m_dismissed = 0;
 };
 

@@ -9,6 +9,7 @@
 #include "core/preferences/Preferences.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>
 #include <QtGui/QScreen>
 #include <QtTest/QSignalSpy>
@@ -36,6 +37,7 @@ private slots:
     void closingSavesTheSize();
     void quittingAsks_data();
     void quittingAsks();
+    void theQuestionSaysThatATemporaryStockIsNotBackedUp();
     void whileTheQuestionStandsNoOtherIsAsked();
     void anEndThatNobodyConfirmsIsNotAsked();
     void theEndOfTheSessionSavesTheStock();
@@ -345,6 +347,25 @@ void AppDelegateTest::quittingAsks()
     }
     QCOMPARE(fixture.window.isVisible(), !ends || !byClosing);
     QCOMPARE(fixture.preferences.windowSize(), QSizeF(fixture.window.size()));
+}
+
+void AppDelegateTest::theQuestionSaysThatATemporaryStockIsNotBackedUp()
+{
+    AppDelegateFixture fixture;
+    QVERIFY(
+        QDir().mkpath(fixture.provider.paths().storeFile())); // A folder where the file belongs.
+    fixture.launch();
+    QVERIFY(fixture.delegate.usingInMemoryStore());
+    QuitAnswer answers(u"Quitter"_s);
+
+    QVERIFY(fixture.delegate.confirmQuit());
+    fixture.delegate.performBackupIfEnabled();
+
+    QCOMPARE(answers.questions().first(),
+        QStringList({u"Quitter Spoolwright ?"_s, u"Voulez-vous vraiment quitter l'application ?"_s,
+            u"Aucune sauvegarde ne sera créée (mode base temporaire)."_s, u"Annuler"_s,
+            u"Quitter"_s}));
+    QCOMPARE(BackupService::storedBackupCount(*fixture.provider.container()), 0);
 }
 
 void AppDelegateTest::whileTheQuestionStandsNoOtherIsAsked()

@@ -4,8 +4,10 @@
 #include "app/editing/ReferenceManagementView.h"
 #include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
+#include "app/shell/PathLabel.h"
 #include "app/shell/SidebarDelegate.h"
 #include "app/shell/SidebarView.h"
+#include "app/shell/TemporaryStoreNotice.h"
 #include "app/ui/Alert.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/Sheet.h"
@@ -17,6 +19,7 @@
 
 #include <QtCore/QMimeData>
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QDesktopServices>
 #include <QtGui/QDropEvent>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -29,6 +32,10 @@ using namespace Qt::StringLiterals;
 
 class ContentViewTest final : public QObject {
     Q_OBJECT
+
+public slots:
+    /// Stands for the desktop's file browser.
+    void openFolder(const QUrl& url) { m_openedFolders += url.toLocalFile(); }
 
 private slots:
     void theLibraryIsShownFirst();
@@ -45,6 +52,10 @@ private slots:
     void otherDropsAreRefused();
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
+    void itSaysWhereTheDataLies();
+
+private:
+    QStringList m_openedFolders;
 };
 
 namespace {
@@ -280,6 +291,21 @@ void ContentViewTest::aTemporaryStockSaysSo()
     QTEST(fixture.showsTitle(u"Spoolwright fonctionne en mode temporaire : les modifications ne "
                              "seront pas conservées après la fermeture."_s),
         "isTold");
+    QTEST(fixture.showsTitle(u"Aucune sauvegarde n'est créée. Dossier des données :"_s), "isTold");
+}
+
+void ContentViewTest::itSaysWhereTheDataLies()
+{
+    const QString folder = u"/home/ada/Documents/Spoolwright"_s;
+    const TemporaryStoreNotice notice(folder);
+    m_openedFolders.clear();
+    QDesktopServices::setUrlHandler(u"file"_s, this, "openFolder");
+
+    notice.findChild<QPushButton*>()->click();
+
+    QDesktopServices::unsetUrlHandler(u"file"_s);
+    QCOMPARE(m_openedFolders, QStringList{folder});
+    QCOMPARE(notice.findChild<PathLabel*>()->text(), folder);
 }
 
 REELHOUSE_TEST(ContentViewTest)

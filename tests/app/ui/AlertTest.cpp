@@ -10,6 +10,8 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include <algorithm>
+
 using namespace reelhouse;
 using namespace reelhouse::tests;
 using namespace Qt::StringLiterals;
@@ -19,6 +21,7 @@ class AlertTest final : public QObject {
 
 private slots:
     void buttonsStandFromRightToLeft();
+    void aNoteStandsBelowTheMessage();
     void aClickGivesTheIndexOfTheButton_data();
     void aClickGivesTheIndexOfTheButton();
     void keysAnswer_data();
@@ -85,6 +88,24 @@ void AlertTest::buttonsStandFromRightToLeft()
     ShownAlert shown(Case::Delete);
 
     QVERIFY(shown.button(u"Annuler"_s)->x() < shown.button(u"Supprimer"_s)->x());
+}
+
+void AlertTest::aNoteStandsBelowTheMessage()
+{
+    ShownAlert shown(Case::Quit);
+    const QString note = u"Aucune sauvegarde ne sera créée."_s;
+    const int before = shown.alert().height();
+
+    shown.alert().hide();
+    shown.alert().addNote(note);
+    shown.alert().open();
+
+    const auto labels = shown.alert().findChildren<QLabel*>();
+    const auto* last = *std::ranges::max_element(
+        labels, {}, [](const QLabel* label) { return label->mapToGlobal(QPoint()).y(); });
+    QCOMPARE(last->text(), note);
+    QVERIFY(shown.alert().height() > before);
+    QVERIFY(shown.alert().accessibleDescription().endsWith(note));
 }
 
 void AlertTest::aClickGivesTheIndexOfTheButton_data()
