@@ -16,7 +16,7 @@ namespace reelhouse {
 namespace {
 
 constexpr int reportIconSide = 13;
-constexpr int widestReport = 300;
+constexpr int reportGap = 6;
 
 struct ReportLook {
     QString symbol;
@@ -50,11 +50,13 @@ BackupReport::BackupReport(QWidget* parent)
     m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(6);
+    row->setSpacing(reportGap);
+    row->addStretch(1);
     row->addWidget(m_icon);
     row->addWidget(m_label);
     m_icon->hide();
     m_label->hide();
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
 void BackupReport::showMessage(BackupOutcome outcome, const QString& text)
@@ -63,12 +65,24 @@ void BackupReport::showMessage(BackupOutcome outcome, const QString& text)
     m_icon->setIcon(symbolIcon(look.symbol, look.color));
     setTextTone(m_label, look.tone);
     m_label->setText(text);
-    m_label->setFixedWidth(
-        std::min(widestReport, m_label->fontMetrics().horizontalAdvance(text) + 2));
+    fitText();
     m_icon->show();
     m_label->show();
     QAccessibleEvent event(m_label, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
+}
+
+void BackupReport::resizeEvent(QResizeEvent* event)
+{
+    fitText();
+    QWidget::resizeEvent(event);
+}
+
+void BackupReport::fitText()
+{
+    const int room = width() - reportIconSide - reportGap;
+    const int wanted = m_label->fontMetrics().horizontalAdvance(m_label->text()) + 2;
+    m_label->setFixedWidth(std::max(0, std::min(room, wanted)));
 }
 
 QString BackupReport::text() const

@@ -11,7 +11,7 @@ class IconView;
 enum class BackupOutcome : quint8 { Done, Skipped, Failed };
 
 /// How the last command on the backups ended, in the line of a form: an icon and a sentence at the
-/// right, which wraps. Empty at first.
+/// right of the room that there is, which wraps. Empty at first.
 class BackupReport final : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,12 @@ public:
     void showMessage(BackupOutcome outcome, const QString& text);
     QString text() const;
 
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+
 private:
+    void fitText();
+
     IconView* m_icon;
     QLabel* m_label;
 };

@@ -125,11 +125,17 @@ void SettingsView::addBackupGroup()
     auto* purge = new QPushButton(u"Purger maintenant"_s);
     auto* open = new QPushButton(u"Ouvrir le dossier"_s);
 
+    auto* backupLine = new QWidget;
+    auto* backupRow = new QHBoxLayout(backupLine);
+    backupRow->setContentsMargins(0, 0, 0, 0);
+    backupRow->addWidget(m_backupCount);
+    backupRow->addWidget(m_report, 1);
+
     FormGroup* group = addGroup(u"Sauvegarde"_s);
     group->addRow(u"Sauvegarder automatiquement au démarrage"_s, m_backupOnLaunch);
     group->addRow(u"Sauvegarder automatiquement en quittant"_s, m_backupOnQuit);
     group->addRow(m_maxBackups->label(), m_maxBackups);
-    group->addRow(m_backupCount, m_report);
+    group->addRow(backupLine);
     group->addRow(buttonLine({backUp, purge}));
     group->addRow(u"Dossier des sauvegardes"_s, open);
 

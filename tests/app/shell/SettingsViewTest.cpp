@@ -17,6 +17,7 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QScrollArea>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -34,6 +35,7 @@ private slots:
     void aBackupSaysWhenItWasMade();
     void aBackupThatFailsSaysWhy();
     void theTemporaryStockIsNotBackedUp();
+    void whatIsReportedNeverWidensTheSheet();
     void purgingTakesTheUnsavedCount();
     void theDesktopShowsFolderAndFile();
     void favoritesAreAskedFor();
@@ -240,6 +242,25 @@ void SettingsViewTest::theTemporaryStockIsNotBackedUp()
 
     QCOMPARE(fixture.report(), u"Aucune sauvegarde n'a été créée (mode base temporaire)."_s);
     QVERIFY(!QFile::exists(fixture.folder.filePath(u"Backups"_s)));
+}
+
+void SettingsViewTest::whatIsReportedNeverWidensTheSheet()
+{
+    SettingsFixture fixture(StoreKind::Memory);
+    fixture.makeBackups(100);
+    const SettingsView& sheet = fixture.open();
+    const auto* area = sheet.findChild<QScrollArea*>();
+    const int before = area->widget()->width();
+
+    fixture.button(u"Sauvegarder maintenant"_s).click();
+    QCoreApplication::processEvents();
+
+    QCOMPARE(area->widget()->width(), before);
+    QVERIFY(area->widget()->width() <= area->viewport()->width());
+    const auto& report = *sheet.findChild<BackupReport*>();
+    const auto* text = report.findChild<QLabel*>();
+    QVERIFY(report.rect().contains(text->geometry()));
+    QVERIFY(text->heightForWidth(text->width()) <= text->height());
 }
 
 void SettingsViewTest::purgingTakesTheUnsavedCount()
