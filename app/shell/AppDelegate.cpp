@@ -2,7 +2,7 @@
 
 #include "app/backup/BackupService.h"
 #include "app/shell/MainWindow.h"
-#include "app/shell/WindowDecoration.h"
+#include "app/shell/MainWindowPlace.h"
 #include "app/shell/WindowPlacement.h"
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreErrorAlert.h"
@@ -14,8 +14,6 @@
 #include <QtCore/QTimer>
 #include <QtCore/QUrl>
 #include <QtGui/QDesktopServices>
-#include <QtGui/QScreen>
-#include <QtGui/QWindow>
 #include <QtWidgets/QApplication>
 
 #include <chrono>
@@ -90,46 +88,28 @@ bool AppDelegate::configureMainWindow()
     m_didConfigureWindow = true;
     window->setCloseQuestion([this] { return windowShouldClose(); });
     connect(window, &MainWindow::quitRequested, this, &AppDelegate::applicationShouldTerminate);
-    window->winId(); // makes the native window, so that its decoration can be asked for
+    m_place = new MainWindowPlace(*window);
     const auto saved = shouldRestoreWindowState() ? m_preferences.windowSize() : std::nullopt;
-    placeOnMainScreen(*window, saved ? saved->toSize() : WindowPlacement::defaultSize);
+    m_place->placeOnMainScreen(saved ? saved->toSize() : WindowPlacement::defaultSize);
     bringToFront();
     return true;
-}
-
-void AppDelegate::placeOnMainScreen(MainWindow& window, QSize size)
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    if (!screen) {
-        window.resize(size);
-        return;
-    }
-    const QMargins decoration = decorationOf(*window.windowHandle());
-    const QRect available = screen->availableGeometry();
-    const QSize chrome = window.chromeSize();
-    window.setMinimumSize(
-        WindowPlacement::minimumContentSize(decoration, chrome, available) + chrome);
-    const QRect place
-        = WindowPlacement::centred(size.expandedTo(window.minimumSize()), decoration, available);
-    if (place.isEmpty())
-        window.resize(size);
-    else
-        window.setGeometry(place);
 }
 
 void AppDelegate::correctPlacement()
 {
     MainWindow* window = m_mainWindow();
-    if (!window)
+    if (!window || !m_place || !window->isVisible())
         return;
-    placeOnMainScreen(*window, window->size());
+    m_place->placeOnMainScreen(window->size());
     raiseWithDialogs(*window);
 }
 
 void AppDelegate::tryToActivate(int attempt)
 {
-    bringToFront();
     MainWindow* window = m_mainWindow();
+    if (attempt > 0 && window && !window->isVisible())
+        return; // Closed meanwhile.
+    bringToFront();
     const bool isActive = QGuiApplication::applicationState() == Qt::ApplicationActive;
     if (!isActive && attempt == attentionAttempt && window
         && !std::exchange(m_didRequestAttention, true))

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QtCore/QObject>
-#include <QtCore/QSize>
+#include <QtCore/QPointer>
 
 #include <functional>
 
 namespace reelhouse {
 
 class MainWindow;
+class MainWindowPlace;
 class Preferences;
 class StoreContainer;
 class StoreProvider;
@@ -62,7 +63,6 @@ public:
 private:
     void startWindowSetup(int attempt);
     bool configureMainWindow();
-    void placeOnMainScreen(MainWindow& window, QSize size);
     void correctPlacement();
     void tryToActivate(int attempt);
     void bringToFront();
@@ -70,6 +70,7 @@ private:
     Preferences& m_preferences;
     StoreProvider& m_provider;
     std::function<MainWindow*()> m_mainWindow;
+    QPointer<MainWindowPlace> m_place; ///< Of the window, once that is configured.
     bool m_didConfigureWindow = false;
     bool m_didRequestAttention = false;
     bool m_isAskingToQuit = false;

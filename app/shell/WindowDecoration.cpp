@@ -87,7 +87,7 @@ QMargins decorationOf(QWindow& window)
     if (!known.isNull() || window.isVisible())
         return known;
     const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
+    if (!x11 || !x11->connection())
         return {};
     const auto extents = requestedExtents(x11->connection(), xcb_window_t(window.winId()));
     const qreal ratio = window.devicePixelRatio();

@@ -32,4 +32,11 @@ QSize minimumContentSize(const QMargins& decoration, QSize chrome, const QRect& 
         .expandedTo(QSize(0, 0));
 }
 
+bool isReachable(const QRect& frame, const QRect& available)
+{
+    const QRect upperEdge(frame.left(), frame.top(), frame.width(), 1);
+    return frame.width() <= available.width() && frame.height() <= available.height()
+        && available.intersects(upperEdge);
+}
+
 } // namespace reelhouse::WindowPlacement

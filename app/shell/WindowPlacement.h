@@ -18,4 +18,8 @@ QRect centred(QSize size, const QMargins& decoration, const QRect& available);
 /// with 20 to each edge.
 QSize minimumContentSize(const QMargins& decoration, QSize chrome, const QRect& available);
 
+/// Whether the user can work a window whose decorated rectangle is `frame`: it is no larger than
+/// `available`, and part of its upper edge, by which it is moved, lies there.
+bool isReachable(const QRect& frame, const QRect& available);
+
 } // namespace reelhouse::WindowPlacement

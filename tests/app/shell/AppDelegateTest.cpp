@@ -31,6 +31,7 @@ private slots:
     void aWindowThatComesLateIsSetUp();
     void theStoreIsOpenedAnywayWithoutAWindow();
     void theWindowIsPlacedAgainAfterTheStart();
+    void aWindowClosedAtOnceIsLeftAlone();
     void aSecondLaunchBringsTheWindowBack();
     void theStoreAlertSaysWhyTheStockIsTemporary();
     void closingSavesTheSize_data();
@@ -237,6 +238,18 @@ void AppDelegateTest::theWindowIsPlacedAgainAfterTheStart()
 
     QVERIFY(QTest::qWaitFor([&] { return counter.returns() == 2; }));
     QVERIFY(!QTest::qWaitFor([&] { return counter.returns() > 2; }, 500));
+}
+
+void AppDelegateTest::aWindowClosedAtOnceIsLeftAlone()
+{
+    AppDelegateFixture fixture;
+    fixture.preferences.setConfirmOnQuit(false);
+    fixture.launch();
+
+    fixture.window.close();
+
+    QTest::qWait(1000); // Both corrections are due by then.
+    QVERIFY(!fixture.window.isVisible());
 }
 
 void AppDelegateTest::aSecondLaunchBringsTheWindowBack()

@@ -14,6 +14,8 @@ private slots:
     void theWindowIsCentredWithinTheMargins();
     void theMinimumFitsTheScreen_data();
     void theMinimumFitsTheScreen();
+    void aWindowIsWithinReachOrNot_data();
+    void aWindowIsWithinReachOrNot();
 };
 
 void WindowPlacementTest::theWindowIsCentredWithinTheMargins_data()
@@ -74,6 +76,28 @@ void WindowPlacementTest::theMinimumFitsTheScreen()
     QFETCH(QSize, expected);
 
     QCOMPARE(WindowPlacement::minimumContentSize(decoration, chrome, available), expected);
+}
+
+void WindowPlacementTest::aWindowIsWithinReachOrNot_data()
+{
+    QTest::addColumn<QRect>("frame");
+    QTest::addColumn<bool>("expected");
+
+    QTest::newRow("in the middle") << QRect(310, 115, 1300, 850) << true;
+    QTest::newRow("as large as the screen") << QRect(0, 30, 1920, 1050) << true;
+    QTest::newRow("partly beside, as the user left it") << QRect(-1200, 300, 1300, 850) << true;
+    QTest::newRow("partly below") << QRect(300, 1070, 1300, 850) << true;
+    QTest::newRow("beside the screen") << QRect(1930, 100, 1300, 850) << false;
+    QTest::newRow("its title bar above the screen") << QRect(300, -40, 1300, 850) << false;
+    QTest::newRow("too wide") << QRect(0, 30, 1921, 850) << false;
+    QTest::newRow("too high") << QRect(0, 30, 1300, 1051) << false;
+}
+
+void WindowPlacementTest::aWindowIsWithinReachOrNot()
+{
+    QFETCH(QRect, frame);
+
+    QTEST(WindowPlacement::isReachable(frame, QRect(0, 30, 1920, 1050)), "expected");
 }
 
 REELHOUSE_TEST(WindowPlacementTest)
