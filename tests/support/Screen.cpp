@@ -1,7 +1,10 @@
 #include "tests/support/Screen.h"
 
+#include "tests/support/KeySymbols.h"
+
 #include <QtCore/QDeadlineTimer>
 
+#include <array>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -107,6 +110,18 @@ QImage Screen::picture(const QRect& area) const
         .copy();
 }
 
+QSize Screen::smallestSize(const Window& window) const
+{
+    // As the window managers' conventions lay it out: flags, four unused numbers, then the size.
+    constexpr uint32_t hasSmallest = 1U << 4;
+    std::array<uint32_t, 7> hints{};
+    const QByteArray said = property(window.id, XCB_ATOM_WM_NORMAL_HINTS);
+    if (said.size() < qsizetype(sizeof hints))
+        return {};
+    std::memcpy(hints.data(), said.constData(), sizeof hints);
+    return (hints[0] & hasSmallest) != 0 ? QSize(int(hints[5]), int(hints[6])) : QSize();
+}
+
 bool Screen::waitForRest(const QRect& area, std::chrono::milliseconds rest) const
 {
     constexpr std::chrono::milliseconds step(50);
@@ -137,8 +152,7 @@ void Screen::click()
 
 void Screen::pressReturn()
 {
-    constexpr xcb_keysym_t returnKey = 0xff0d;
-    pressKey(returnKey);
+    pressKey(Key::enter);
 }
 
 void Screen::close(const Window& window)

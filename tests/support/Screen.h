@@ -40,6 +40,8 @@ public:
     std::optional<Window> find(const QString& title, pid_t processId = 0) const;
     /// Null where `area` leaves the screen.
     QImage picture(const QRect& area) const;
+    /// The smallest size that the program lets its window be given; invalid when it says nothing.
+    QSize smallestSize(const Window& window) const;
     /// Waits until nothing but a text caret has moved in `area` for `rest`; false after a minute.
     bool waitForRest(
         const QRect& area, std::chrono::milliseconds rest = std::chrono::milliseconds(700)) const;

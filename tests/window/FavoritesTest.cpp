@@ -1,3 +1,4 @@
+#include "tests/support/KeySymbols.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/Waiting.h"
 #include "tests/window/RunningProgram.h"
@@ -17,17 +18,6 @@ using namespace std::chrono_literals;
 namespace reelhouse::tests {
 
 namespace {
-
-/// As X calls its keys.
-namespace FavoriteKeys {
-constexpr xcb_keysym_t tab = 0xff09;
-constexpr xcb_keysym_t enter = 0xff0d;
-constexpr xcb_keysym_t escape = 0xff1b;
-constexpr xcb_keysym_t down = 0xff54;
-constexpr xcb_keysym_t f2 = 0xffbf;
-constexpr xcb_keysym_t control = 0xffe3;
-constexpr xcb_keysym_t del = 0xffff;
-} // namespace FavoriteKeys
 
 // Rows of the sidebar below the window's upper edge; each is 33 pixels high.
 constexpr int firstFavoriteY = 124;
@@ -91,14 +81,14 @@ bool FavoritesTest::waitForNames(const QStringList& expected) const
 void FavoritesTest::saveByKeyboard() const
 {
     Screen& screen = m_desktop->screen();
-    screen.pressKey(FavoriteKeys::tab); // "Effacer".
-    screen.pressKey(FavoriteKeys::tab); // The star.
+    screen.pressKey(Key::tab); // "Effacer".
+    screen.pressKey(Key::tab); // The star.
     screen.pressKey(' ');
     rest();
-    screen.pressKey(FavoriteKeys::down);
-    screen.pressKey(FavoriteKeys::enter);
+    screen.pressKey(Key::down);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForSheet(u"Enregistrer un favori"_s));
-    screen.pressKey(FavoriteKeys::enter);
+    screen.pressKey(Key::enter);
     rest();
 }
 
@@ -131,15 +121,15 @@ void FavoritesTest::aFavoriteLives()
     const QImage everything = list();
 
     // Filtered and saved, twice.
-    screen.pressKey('f', {FavoriteKeys::control});
+    screen.pressKey('f', {Key::control});
     screen.type("rouge");
     QVERIFY(rest());
     const QImage reds = list();
     QVERIFY(reds != everything);
     saveByKeyboard();
     QVERIFY(waitForNames({u"« rouge »"_s}));
-    screen.pressKey('f', {FavoriteKeys::control});
-    screen.pressKey(FavoriteKeys::escape);
+    screen.pressKey('f', {Key::control});
+    screen.pressKey(Key::escape);
     QVERIFY(rest());
     QCOMPARE(list(), everything);
     screen.type("violet");
@@ -154,21 +144,29 @@ void FavoritesTest::aFavoriteLives()
     clickSidebar(1);
     QCOMPARE(list(), violets);
 
+    // Applied while another screen is shown.
+    clickSidebar(4); // "Types de filament"
+    QVERIFY(list() != violets);
+    clickSidebar(0);
+    QCOMPARE(list(), reds);
+    clickSidebar(1);
+    QCOMPARE(list(), violets);
+
     // Reordered, renamed and removed in the sheet.
     clickSidebar(2);
     QVERIFY(waitForSheet(u"Filtres favoris"_s));
-    screen.pressKey(FavoriteKeys::down, {FavoriteKeys::control});
+    screen.pressKey(Key::down, {Key::control});
     QVERIFY(waitForNames({u"« violet »"_s, u"« rouge »"_s}));
-    screen.pressKey(FavoriteKeys::f2);
+    screen.pressKey(Key::f2);
     screen.type("chauds");
-    screen.pressKey(FavoriteKeys::enter);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForNames({u"« violet »"_s, u"chauds"_s}));
-    screen.pressKey(FavoriteKeys::del);
+    screen.pressKey(Key::del);
     QVERIFY(waitForSheet(u"Supprimer le favori « chauds » ?"_s));
-    screen.pressKey(FavoriteKeys::tab);
-    screen.pressKey(FavoriteKeys::enter);
+    screen.pressKey(Key::tab);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForNames({u"« violet »"_s}));
-    screen.pressKey(FavoriteKeys::escape);
+    screen.pressKey(Key::escape);
     QVERIFY(rest());
     QCOMPARE(list(), violets);
 

@@ -1,3 +1,4 @@
+#include "tests/support/KeySymbols.h"
 #include "tests/window/RunningProgram.h"
 #include "tests/window/TestHome.h"
 #include "tests/window/VirtualDesktop.h"
@@ -15,10 +16,6 @@ using namespace reelhouse::tests;
 using namespace std::chrono_literals;
 
 namespace {
-
-// As X calls its keys.
-constexpr xcb_keysym_t escapeKey = 0xff1b;
-constexpr xcb_keysym_t controlKey = 0xffe3;
 
 /// A picture of the guide and the key that, held with Control, leads to what it shows.
 struct Scene {
@@ -55,7 +52,7 @@ int takePictures(const QDir& folder, bool isDark)
         return report("The program shows no window.");
     Screen& screen = desktop.screen();
     for (const Scene& scene : scenes) {
-        screen.pressKey(scene.key, {controlKey});
+        screen.pressKey(scene.key, {Key::control});
         if (!screen.waitForRest(screen.area()))
             return report("The window does not come to rest.");
         const auto window = program.waitForWindow();
@@ -64,7 +61,7 @@ int takePictures(const QDir& folder, bool isDark)
         if (!window || !screen.picture(window->area & screen.area()).save(file, "PNG"))
             return report("A picture cannot be written.");
         if (scene.isSheet)
-            screen.pressKey(escapeKey);
+            screen.pressKey(Key::escape);
         screen.waitForRest(screen.area(), 300ms);
     }
     return program.endWith(SIGTERM) == 0 ? 0 : report("The program did not end well.");

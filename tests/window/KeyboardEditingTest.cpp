@@ -1,3 +1,4 @@
+#include "tests/support/KeySymbols.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/Waiting.h"
 #include "tests/window/RunningProgram.h"
@@ -15,14 +16,6 @@ using namespace std::chrono_literals;
 namespace reelhouse::tests {
 
 namespace {
-
-// As X calls its keys.
-constexpr xcb_keysym_t tabKey = 0xff09;
-constexpr xcb_keysym_t returnKey = 0xff0d;
-constexpr xcb_keysym_t downKey = 0xff54;
-constexpr xcb_keysym_t shiftKey = 0xffe1;
-constexpr xcb_keysym_t controlKey = 0xffe3;
-constexpr xcb_keysym_t altKey = 0xffe9;
 
 constexpr int sampleFilaments = 8;
 
@@ -82,7 +75,7 @@ bool KeyboardEditingTest::waitForRows(const QStringList& expected) const
 void KeyboardEditingTest::tab(int times) const
 {
     for (int press = 0; press < times; ++press)
-        m_desktop->screen().pressKey(tabKey);
+        m_desktop->screen().pressKey(Key::tab);
 }
 
 void KeyboardEditingTest::aFilamentLivesAndIsUndone()
@@ -98,7 +91,7 @@ void KeyboardEditingTest::aFilamentLivesAndIsUndone()
 
     // Added: type, brand, range with a space in its name, place, counts, no colour, name, notes.
     const qint64 before = QDateTime::currentMSecsSinceEpoch();
-    screen.pressKey('n', {controlKey});
+    screen.pressKey('n', {Key::control});
     QVERIFY(waitForSheet(u"Ajouter un filament"_s));
     screen.type("tpu");
     tab();
@@ -115,8 +108,8 @@ void KeyboardEditingTest::aFilamentLivesAndIsUndone()
     screen.type("vert essai");
     tab();
     screen.type("ligne");
-    screen.pressKey(returnKey);
-    screen.pressKey(returnKey, {controlKey});
+    screen.pressKey(Key::enter);
+    screen.pressKey(Key::enter, {Key::control});
     QVERIFY(waitForWindowAlone());
     QVERIFY(waitUntil([&] { return rows().size() == sampleFilaments + 1; }));
     const QStringList added = rows();
@@ -129,29 +122,29 @@ void KeyboardEditingTest::aFilamentLivesAndIsUndone()
     QVERIFY(date <= QDateTime::currentMSecsSinceEpoch());
 
     // Found again and changed: one spool, no range.
-    screen.pressKey('f', {controlKey});
+    screen.pressKey('f', {Key::control});
     screen.type("vert essai");
     QVERIFY(screen.waitForRest(screen.area(), 300ms));
     tab(3); // "Effacer", the favourites, the list.
-    screen.pressKey(returnKey);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForSheet(u"vert essai"_s));
     tab(2);
     screen.type("aucune");
     tab(2);
     screen.type("1");
-    screen.pressKey(returnKey);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForWindowAlone());
     const QString changedRow
         = u"9|TPU|Prusament|-|Tiroir 2|1|1|#4CAF50|vert essai|ligne\n|%1"_s.arg(date);
     QVERIFY2(waitForRows(atFirst + QStringList{changedRow}), qPrintable(rows().last()));
 
     // The last spool is not taken away: the question comes, and its first answer is no.
-    screen.pressKey(downKey, {altKey});
+    screen.pressKey(Key::down, {Key::alt});
     QVERIFY(waitForSheet(u"Supprimer ce filament ?"_s));
-    screen.pressKey(returnKey);
+    screen.pressKey(Key::enter);
     QVERIFY(waitForWindowAlone());
     QCOMPARE(rows(), atFirst + QStringList{changedRow});
-    screen.pressKey(downKey, {altKey});
+    screen.pressKey(Key::down, {Key::alt});
     QVERIFY(waitForSheet(u"Supprimer ce filament ?"_s));
     tab();
     screen.pressKey(' ');
@@ -159,16 +152,16 @@ void KeyboardEditingTest::aFilamentLivesAndIsUndone()
     QVERIFY2(waitForRows(atFirst), qPrintable(rows().last()));
 
     // All of it undone, one action after the other, and done again.
-    screen.pressKey('z', {controlKey});
+    screen.pressKey('z', {Key::control});
     QVERIFY2(waitForRows(atFirst + QStringList{changedRow}), qPrintable(rows().last()));
-    screen.pressKey('z', {controlKey});
+    screen.pressKey('z', {Key::control});
     QVERIFY2(waitForRows(added), qPrintable(rows().last()));
-    screen.pressKey('z', {controlKey});
+    screen.pressKey('z', {Key::control});
     QVERIFY2(waitForRows(atFirst), qPrintable(rows().last()));
-    screen.pressKey('z', {controlKey});
-    screen.pressKey('z', {controlKey, shiftKey});
+    screen.pressKey('z', {Key::control});
+    screen.pressKey('z', {Key::control, Key::shift});
     QVERIFY2(waitForRows(added), qPrintable(rows().last()));
-    screen.pressKey('z', {controlKey});
+    screen.pressKey('z', {Key::control});
     QVERIFY2(waitForRows(atFirst), qPrintable(rows().last()));
 
     QCOMPARE(m_program->endWith(SIGTERM), 0);

@@ -1,3 +1,4 @@
+#include "tests/support/KeySymbols.h"
 #include "tests/support/TestMain.h"
 #include "tests/support/Waiting.h"
 #include "tests/window/RunningProgram.h"
@@ -9,6 +10,7 @@
 #include <csignal>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace reelhouse::tests {
 
@@ -27,11 +29,6 @@ private slots:
 namespace {
 
 const QString quitQuestion = u"Quitter Spoolwright ?"_s;
-
-QStringList backupsIn(const TestHome& home)
-{
-    return home.everything().filter(u".json"_s);
-}
 
 } // namespace
 
@@ -52,20 +49,35 @@ void QuitTest::closingAsksOnceAndAnnulerKeepsItRunning()
     QVERIFY(window.has_value());
     const auto question = [&] { return desktop.screen().find(quitQuestion, program.processId()); };
 
+    // While a sheet is open the window stays, and so does what was typed there.
+    const auto sheet
+        = [&] { return desktop.screen().find(u"Ajouter un filament"_s, program.processId()); };
+    desktop.screen().pressKey('n', {Key::control});
+    QVERIFY(waitUntil([&] { return sheet().has_value(); }));
+    QVERIFY(desktop.screen().waitForRest(sheet()->area, 300ms));
+    desktop.screen().close(*window);
+    desktop.screen().type("pla");
+    QVERIFY(desktop.screen().waitForRest(sheet()->area, 300ms));
+    QVERIFY(sheet().has_value());
+    QVERIFY(!question().has_value());
+    desktop.screen().close(*sheet());
+    QVERIFY(waitUntil([&] { return !sheet().has_value(); }));
+    QVERIFY(desktop.screen().waitForRest(window->area, 300ms));
+
     desktop.screen().close(*window);
     QVERIFY(waitUntil([&] { return question().has_value(); }));
     QCOMPARE(home.preference(u"windowWidth"_s), QString::number(window->area.width()));
     desktop.screen().close(*question()); // dismissed: "Annuler"
     QVERIFY(waitUntil([&] { return !question().has_value(); }));
     QVERIFY(program.isRunning());
-    QCOMPARE(backupsIn(home), QStringList());
+    QCOMPARE(home.backups(), QStringList());
 
     desktop.screen().close(*window);
     QVERIFY(waitUntil([&] { return question().has_value(); }));
     QVERIFY(desktop.screen().waitForRest(question()->area));
     desktop.screen().pressReturn(); // "Quitter"
     QCOMPARE(program.waitForEnd(), 0);
-    QCOMPARE(backupsIn(home).size(), 1);
+    QCOMPARE(home.backups().size(), 1);
     QCOMPARE(home.preference(u"windowHeight"_s), QString::number(window->area.height()));
     QCOMPARE(program.output(), QByteArray());
 }
@@ -93,7 +105,7 @@ void QuitTest::closingEndsItWithoutAQuestionWhenNoneIsWanted()
     desktop.screen().close(*window);
 
     QCOMPARE(program.waitForEnd(), 0);
-    QTEST(int(backupsIn(home).size()), "backups");
+    QTEST(int(home.backups().size()), "backups");
     QCOMPARE(home.preference(u"windowWidth"_s), QString());
     QCOMPARE(program.output(), QByteArray());
 }
@@ -112,7 +124,7 @@ void QuitTest::aSignalEndsItWhileTheQuestionStands()
 
     QCOMPARE(program.endWith(SIGTERM), 0);
 
-    QCOMPARE(backupsIn(home).size(), 1);
+    QCOMPARE(home.backups().size(), 1);
     QCOMPARE(home.spoolsInStore()->size(), 8);
 }
 

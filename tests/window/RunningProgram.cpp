@@ -10,10 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace reelhouse::tests {
 
-RunningProgram::RunningProgram(const TestHome& home, VirtualDesktop& desktop)
+RunningProgram::RunningProgram(
+    const TestHome& home, VirtualDesktop& desktop, const QMap<QString, QString>& variables)
     : m_desktop(desktop)
 {
-    m_process.setProcessEnvironment(home.environment(desktop.display()));
+    QProcessEnvironment environment = home.environment(desktop.display());
+    for (auto variable = variables.cbegin(); variable != variables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
+    m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.start(QStringLiteral(SPOOLWRIGHT_PROGRAM), QStringList());
     if (!m_process.waitForStarted())
@@ -49,16 +53,17 @@ std::optional<Screen::Window> RunningProgram::waitForWindow()
     return ownWindow();
 }
 
-int RunningProgram::waitForEnd()
+int RunningProgram::waitForEnd(std::chrono::milliseconds limit)
 {
-    const bool ended = m_process.state() == QProcess::NotRunning || m_process.waitForFinished();
+    const bool ended = m_process.state() == QProcess::NotRunning
+        || m_process.waitForFinished(int(limit.count()));
     return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 
-int RunningProgram::endWith(int signal)
+int RunningProgram::endWith(int signal, std::chrono::milliseconds limit)
 {
     kill(processId(), signal);
-    return waitForEnd();
+    return waitForEnd(limit);
 }
 
 QByteArray RunningProgram::output()

@@ -105,6 +105,15 @@ QString TestHome::preferencesFile() const
     return path(u".config/Spoolwright/Spoolwright.ini"_s);
 }
 
+QStringList TestHome::backups() const
+{
+    const QDir folder(dataFolder() + u"/Backups"_s);
+    QStringList paths;
+    for (const QString& name : folder.entryList({u"*.json"_s}, QDir::Files, QDir::Name))
+        paths += folder.filePath(name);
+    return paths;
+}
+
 QStringList TestHome::everything() const
 {
     QStringList paths;
@@ -124,13 +133,18 @@ QString TestHome::preference(const QString& key) const
 
 void TestHome::setPreferences(const QMap<QString, QString>& values) const
 {
+    QByteArray bytes = "[General]\n";
+    for (auto value = values.cbegin(); value != values.cend(); ++value)
+        bytes += (value.key() + u'=' + value.value() + u'\n').toUtf8();
+    writePreferenceFile(bytes);
+}
+
+void TestHome::writePreferenceFile(const QByteArray& bytes) const
+{
     QDir().mkpath(QFileInfo(preferencesFile()).path());
     QFile file(preferencesFile());
-    if (!file.open(QFile::WriteOnly | QFile::Truncate))
+    if (!file.open(QFile::WriteOnly | QFile::Truncate) || file.write(bytes) != bytes.size())
         qFatal("The preferences cannot be written.");
-    file.write("[General]\n");
-    for (auto value = values.cbegin(); value != values.cend(); ++value)
-        file.write((value.key() + u'=' + value.value() + u'\n').toUtf8());
 }
 
 std::optional<QMap<qint64, qint64>> TestHome::spoolsInStore() const

@@ -30,10 +30,15 @@ public:
     QString preference(const QString& key) const;
     /// Replaces the whole preference file.
     void setPreferences(const QMap<QString, QString>& values) const;
+    /// The same, byte for byte.
+    void writePreferenceFile(const QByteArray& bytes) const;
 
     /// How many spools each filament has, by its identity, read from a copy of the store's files:
     /// as the program that comes next would find them. Nothing when the store is not whole.
     std::optional<QMap<qint64, qint64>> spoolsInStore() const;
+
+    /// The backups' files, from the oldest to the newest.
+    QStringList backups() const;
 
     /// Every filament, in the order of identities, as its fields with "|" between: identity, type,
     /// brand, range, place, spools, opened ones, colour code, colour name, notes, milliseconds of
