@@ -7,6 +7,7 @@
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreErrorAlert.h"
 #include "app/store/StoreProvider.h"
+#include "app/store/StoreTexts.h"
 #include "app/ui/Alert.h"
 #include "core/model/StoreContext.h"
 #include "core/preferences/Preferences.h"
@@ -164,7 +165,10 @@ void AppDelegate::applicationShouldTerminate()
 
 bool AppDelegate::confirmQuit()
 {
-    if (!m_preferences.confirmOnQuit())
+    StoreContainer* container = modelContainer();
+    const auto unsaved = container ? container->context().save() : std::nullopt;
+    // Who never wants to be asked is asked all the same when the answer costs something.
+    if (!m_preferences.confirmOnQuit() && !unsaved)
         return true;
     if (std::exchange(m_isAskingToQuit, true))
         return false; // The question stands there already.
@@ -174,6 +178,8 @@ bool AppDelegate::confirmQuit()
         {{u"Quitter"_s, AlertRole::Confirm}, {u"Annuler"_s, AlertRole::Cancel}}, m_mainWindow());
     if (usingInMemoryStore())
         alert.addNote(u"Aucune sauvegarde ne sera créée (mode base temporaire)."_s);
+    if (unsaved)
+        alert.addNote(unsavedText(unsaved->description()));
     const int answer = alert.exec();
     m_isAskingToQuit = false;
     return answer == quit;

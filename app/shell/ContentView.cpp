@@ -9,6 +9,7 @@
 #include "app/library/LibraryView.h"
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
+#include "app/shell/UnsavedNotice.h"
 #include "app/store/StoreContainer.h"
 #include "core/preferences/Preferences.h"
 
@@ -61,6 +62,7 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences,
         const QString dataFolder = QFileInfo(container.storeFile()).path();
         columnLayout->addWidget(new TemporaryStoreNotice(dataFolder, column));
     }
+    columnLayout->addWidget(new UnsavedNotice(container.context(), column));
     columnLayout->addWidget(m_screens);
     addWidget(m_sidebar);
     addWidget(column);

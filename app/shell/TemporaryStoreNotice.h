@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QtWidgets/QWidget>
+#include "app/shell/NoticeStrip.h"
 
 namespace reelhouse {
 
 /// The calm lines at the top of the content while the stock is the temporary one: that nothing
 /// will be kept or backed up, and where the data lies that could not be opened.
-class TemporaryStoreNotice final : public QWidget {
+class TemporaryStoreNotice final : public NoticeStrip {
     Q_OBJECT
 
 public:
     explicit TemporaryStoreNotice(const QString& dataFolder, QWidget* parent = nullptr);
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
 };
 
 } // namespace reelhouse

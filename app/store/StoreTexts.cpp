@@ -20,6 +20,11 @@ QString temporaryStoreText()
            "conservées après la fermeture."_s;
 }
 
+QString unsavedText(const QString& reason)
+{
+    return u"Les dernières modifications ne sont pas enregistrées : "_s + reason;
+}
+
 QString belongsToStoreText()
 {
     return u"Ce fichier appartient à la base de données de Spoolwright."_s;

@@ -8,6 +8,8 @@ namespace reelhouse {
 QString storeErrorTitle();
 QString openDataFolderText();
 QString temporaryStoreText();
+/// That the latest changes are not on disk; `reason` is a French sentence.
+QString unsavedText(const QString& reason);
 /// Why a file of the store is neither read nor written where the user chose it.
 QString belongsToStoreText();
 

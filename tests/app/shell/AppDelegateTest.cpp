@@ -18,6 +18,9 @@
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
+#include <csignal>
+#include <sys/resource.h>
+
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
 
@@ -39,6 +42,7 @@ private slots:
     void quittingAsks_data();
     void quittingAsks();
     void theQuestionSaysThatATemporaryStockIsNotBackedUp();
+    void whoWouldLoseChangesIsAsked();
     void whileTheQuestionStandsNoOtherIsAsked();
     void anEndThatNobodyConfirmsIsNotAsked();
     void theEndOfTheSessionSavesTheStock();
@@ -379,6 +383,33 @@ void AppDelegateTest::theQuestionSaysThatATemporaryStockIsNotBackedUp()
             u"Aucune sauvegarde ne sera créée (mode base temporaire)."_s, u"Annuler"_s,
             u"Quitter"_s}));
     QCOMPARE(BackupService::storedBackupCount(*fixture.provider.container()), 0);
+}
+
+void AppDelegateTest::whoWouldLoseChangesIsAsked()
+{
+    AppDelegateFixture fixture;
+    fixture.launch();
+    fixture.preferences.setConfirmOnQuit(false);
+    StoreContext& context = fixture.provider.container()->context();
+    context.insert(std::make_unique<Brand>(u"Sunlu"_s));
+    QVERIFY(fixture.delegate.confirmQuit()); // Saved.
+
+    context.insert(std::make_unique<Brand>(u"Eryone"_s));
+    ::signal(SIGXFSZ, SIG_IGN);
+    rlimit former{};
+    ::getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit nothing{1, former.rlim_max};
+    QuitAnswer answers(u"Annuler"_s);
+    ::setrlimit(RLIMIT_FSIZE, &nothing);
+    const bool mayQuit = fixture.delegate.confirmQuit();
+    ::setrlimit(RLIMIT_FSIZE, &former);
+
+    QVERIFY(!mayQuit);
+    QVERIFY(answers.questions().value(0).contains(
+        u"Les dernières modifications ne sont pas enregistrées : La base de données ne peut pas "
+        "être lue ou écrite."_s));
+    QVERIFY(fixture.delegate.confirmQuit());
+    QVERIFY(!context.hasUnsavedChanges());
 }
 
 void AppDelegateTest::whileTheQuestionStandsNoOtherIsAsked()

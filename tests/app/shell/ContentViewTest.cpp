@@ -53,6 +53,7 @@ private slots:
     void aTemporaryStockSaysSo_data();
     void aTemporaryStockSaysSo();
     void itSaysWhereTheDataLies();
+    void whatCouldNotBeSavedIsToldUntilItIs();
 
 private:
     QStringList m_openedFolders;
@@ -306,6 +307,21 @@ void ContentViewTest::itSaysWhereTheDataLies()
     QDesktopServices::unsetUrlHandler(u"file"_s);
     QCOMPARE(m_openedFolders, QStringList{folder});
     QCOMPARE(notice.findChild<PathLabel*>()->text(), folder);
+}
+
+void ContentViewTest::whatCouldNotBeSavedIsToldUntilItIs()
+{
+    const ContentViewFixture fixture(StoreKind::File);
+    StoreContext& context = fixture.stock->context();
+    const QString told = u"Les dernières modifications ne sont pas enregistrées : Le disque est "
+                         "plein. Spoolwright réessaie toutes les deux secondes."_s;
+    QVERIFY(!fixture.showsTitle(told));
+
+    emit context.committed(u"Le disque est plein."_s);
+    QVERIFY(fixture.showsTitle(told));
+
+    emit context.committed({});
+    QVERIFY(!fixture.showsTitle(told));
 }
 
 REELHOUSE_TEST(ContentViewTest)

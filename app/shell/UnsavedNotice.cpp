@@ -1,0 +1,38 @@
+#include "app/shell/UnsavedNotice.h"
+
+#include "app/store/StoreTexts.h"
+#include "core/model/StoreContext.h"
+
+#include <QtGui/QAccessible>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace reelhouse {
+
+UnsavedNotice::UnsavedNotice(const StoreContext& context, QWidget* parent)
+    : NoticeStrip(parent)
+    , m_text(makeText({}))
+{
+    m_text->setWordWrap(true);
+    lines()->addWidget(m_text);
+    hide();
+    connect(&context, &StoreContext::committed, this, &UnsavedNotice::showOutcome);
+}
+
+void UnsavedNotice::showOutcome(const QString& failure)
+{
+    if (failure.isEmpty())
+        return hide();
+    const QString text
+        = unsavedText(failure) + u" Spoolwright réessaie toutes les deux secondes."_s;
+    if (text == m_text->text() && !isHidden())
+        return;
+    m_text->setText(text);
+    show();
+    QAccessibleEvent event(m_text, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+} // namespace reelhouse
