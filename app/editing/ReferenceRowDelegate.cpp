@@ -3,6 +3,7 @@
 #include "app/editing/ReferenceListModel.h"
 #include "app/editing/ReferenceUsageLabel.h"
 #include "app/ui/ColorMath.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
@@ -184,7 +185,7 @@ bool ReferenceRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
         && QFontMetrics(fontOf(TextStyle::Name)).horizontalAdvance(entry->name())
             > nameRect(*entry, option.rect).width())
         cutName = entry->name();
-    QToolTip::showText(event->globalPos(), cutName, view->viewport(), option.rect);
+    QToolTip::showText(event->globalPos(), plainToolTip(cutName), view->viewport(), option.rect);
     return true;
 }
 

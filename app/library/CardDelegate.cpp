@@ -4,6 +4,7 @@
 #include "app/library/FilamentTableModel.h"
 #include "app/ui/ColorMath.h"
 #include "app/ui/RoundedPanel.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
 #include "core/model/Filament.h"
@@ -129,7 +130,8 @@ bool CardDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                 cutTexts << piece.text;
         }
     }
-    QToolTip::showText(event->globalPos(), cutTexts.join(u'\n'), view->viewport(), option.rect);
+    QToolTip::showText(
+        event->globalPos(), plainToolTip(cutTexts.join(u'\n')), view->viewport(), option.rect);
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include "app/ui/IconView.h"
 #include "app/ui/InputState.h"
 #include "app/ui/Palette.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
@@ -163,9 +164,9 @@ void FavoriteRow::setFavorite(const FilterFavorite& favorite)
     m_favorite = favorite;
     const QString summary = FavoriteTexts::summary(favorite.criteria);
     m_name->setText(favorite.name);
-    m_name->setToolTip(favorite.name);
+    m_name->setToolTip(plainToolTip(favorite.name));
     m_summary->setText(summary);
-    m_summary->setToolTip(summary);
+    m_summary->setToolTip(plainToolTip(summary));
     m_renameButton->setAccessibleName(u"Renommer « "_s + favorite.name + u" »"_s);
     m_deleteButton->setAccessibleName(u"Supprimer « "_s + favorite.name + u" »"_s);
 }

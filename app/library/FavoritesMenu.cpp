@@ -11,6 +11,7 @@ FavoritesMenu::FavoritesMenu(const FilterFavoritesStore& favorites, QWidget* par
     : QMenu(parent)
     , m_favorites(favorites)
 {
+    setToolTipsVisible(true);
     connect(this, &QMenu::aboutToShow, this, &FavoritesMenu::fill);
 }
 
@@ -38,12 +39,14 @@ void FavoritesMenu::addFavorites()
     for (const FilterFavorite& favorite : m_favorites.favorites()) {
         QAction* entry = addAction(
             menuTitle(favorite.name), this, [this, favorite] { emit favoriteChosen(favorite); });
+        entry->setToolTip(menuToolTip(favorite.name));
         entry->setCheckable(true);
         entry->setChecked(favorite.criteria == m_criteria);
     }
     if (const auto matching = m_favorites.matching(m_criteria)) {
-        addAction(u"Mettre à jour « "_s + menuTitle(matching->name) + u" »"_s, this,
-            [this, favorite = *matching] { emit updateRequested(favorite); });
+        QAction* update = addAction(u"Mettre à jour « "_s + menuTitle(matching->name) + u" »"_s,
+            this, [this, favorite = *matching] { emit updateRequested(favorite); });
+        update->setToolTip(menuToolTip(matching->name));
     }
 }
 

@@ -185,7 +185,8 @@ bool FilamentRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                 cutTexts << piece.text;
         }
     }
-    QToolTip::showText(event->globalPos(), cutTexts.join(u'\n'), view->viewport(), option.rect);
+    QToolTip::showText(
+        event->globalPos(), plainToolTip(cutTexts.join(u'\n')), view->viewport(), option.rect);
     return true;
 }
 

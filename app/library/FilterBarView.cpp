@@ -151,6 +151,7 @@ CapsuleButton* FilterBarView::addReference(const QString& symbol, const QString&
     return addCapsule(
         symbol, field, u"Tous"_s, tint, [this, reference] { return referenceChoices(reference); });
 }
+    menu->setToolTipsVisible(true);
 
 CapsuleButton* FilterBarView::addBucket(const QString& symbol, const QString& field,
     const QList<qint64>& buckets, std::optional<qint64> FilterSelection::*bucket)
@@ -212,5 +213,6 @@ QString FilterBarView::nameOf(EntityId<T> id) const
     const T* entry = m_context.find(id);
     return entry ? entry->name() : QString();
 }
+        entry->setToolTip(menuToolTip(choice.title));
 
 } // namespace reelhouse

@@ -1,5 +1,6 @@
 #include "app/library/MenuTitle.h"
 
+#include "app/ui/PlainToolTip.h"
 #include "core/text/Graphemes.h"
 
 using namespace Qt::StringLiterals;
@@ -10,15 +11,26 @@ namespace {
 
 constexpr qsizetype longestMenuTitle = 60;
 
+QStringView shownPart(const QString& line)
+{
+    return firstGraphemes(line, longestMenuTitle);
+}
+
 } // namespace
 
 QString menuTitle(const QString& name)
 {
     const QString line = name.simplified();
-    QString title = firstGraphemes(line, longestMenuTitle).toString();
+    QString title = shownPart(line).toString();
     if (title.size() < line.size())
         title += u'…';
     return title.replace(u'&', u"&&"_s);
+}
+
+QString menuToolTip(const QString& name)
+{
+    const QString line = name.simplified();
+    return shownPart(line).size() < line.size() ? plainToolTip(name) : QString();
 }
 
 } // namespace reelhouse

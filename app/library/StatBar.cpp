@@ -1,5 +1,6 @@
 #include "app/library/StatBar.h"
 
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
@@ -44,7 +45,7 @@ void StatBar::setGroup(const StockGroup& group, qint64 total)
     setRange(0, int(total));
     setValue(int(group.count));
     setAccessibleName(group.name);
-    setToolTip(group.name);
+    setToolTip(plainToolTip(group.name));
     const bool canBeChosen = group.selection.isActive();
     setFocusPolicy(canBeChosen ? Qt::StrongFocus : Qt::NoFocus);
     setCursor(canBeChosen ? Qt::PointingHandCursor : Qt::ArrowCursor);

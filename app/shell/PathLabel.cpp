@@ -1,5 +1,6 @@
 #include "app/shell/PathLabel.h"
 
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/TextStyle.h"
 
 #include <QtGui/QPainter>
@@ -11,7 +12,7 @@ PathLabel::PathLabel(const QString& path, QWidget* parent)
 {
     setTextStyle(this, TextStyle::Code);
     setTextFormat(Qt::PlainText);
-    setToolTip(path);
+    setToolTip(plainToolTip(path));
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
 }
 

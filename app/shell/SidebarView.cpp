@@ -2,6 +2,7 @@
 
 #include "app/shell/SidebarDelegate.h"
 #include "app/ui/Palette.h"
+#include "app/ui/PlainToolTip.h"
 
 #include <QtGui/QStandardItemModel>
 #include <QtWidgets/QListView>
@@ -57,7 +58,7 @@ QStandardItem* favoriteItem(const FilterFavorite& favorite, bool isInUse)
     QStandardItem* item = makeItem(SidebarEntry::Favorite, favorite.name, u"star.fill"_s);
     item->setData(favorite.id, SidebarRole::favoriteId);
     item->setData(isInUse, SidebarRole::isInUse);
-    item->setToolTip(summary);
+    item->setToolTip(plainToolTip(summary));
     item->setData(summary, Qt::AccessibleDescriptionRole);
     return item;
 }

@@ -2,6 +2,7 @@
 
 #include "app/ui/ColorMath.h"
 #include "app/ui/FocusRing.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/RoundedPanel.h"
 #include "app/ui/Symbol.h"
 
@@ -85,7 +86,7 @@ QString CapsuleButton::shownText() const
 void CapsuleButton::updateToolTip()
 {
     if (showsText())
-        setToolTip(shownText() == m_value ? QString() : m_value);
+        setToolTip(shownText() == m_value ? QString() : plainToolTip(m_value));
 }
 
 QSize CapsuleButton::sizeHint() const

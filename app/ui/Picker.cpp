@@ -2,6 +2,7 @@
 
 #include "app/ui/ColorMath.h"
 #include "app/ui/FocusRing.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/Theme.h"
 
@@ -155,7 +156,8 @@ bool Picker::event(QEvent* event)
     if (event->type() == QEvent::ToolTip) {
         const bool isCut = fontMetrics().horizontalAdvance(currentText()) > textRect().width();
         if (isCut)
-            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), currentText(), this);
+            QToolTip::showText(
+                static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(currentText()), this);
         else
             QToolTip::hideText();
         return true;

@@ -9,6 +9,7 @@
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QTemporaryDir>
+#include <QtGui/QTextDocumentFragment>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -26,6 +27,7 @@ private slots:
     void choosingChangesOneCriterion();
     void capsulesShowWhatIsSet();
     void namesInMenusAreTakenLiterally();
+    void cutNamesInMenusHaveToolTips();
     void typingAndEscapeEditTheSearch();
     void effacerShowsWhileAFilterIsActive();
     void theResultCountAgrees_data();
@@ -179,6 +181,30 @@ void FilterBarViewTest::namesInMenusAreTakenLiterally()
 
     QCOMPARE(FilterBarFixture::entries(fixture.capsule(u"Marque"_s)->menu()),
         (QStringList{u"✓Tous"_s, u"R&&D"_s, u"Un deux"_s, QString(60, u'z') + u'…'}));
+}
+
+void FilterBarViewTest::cutNamesInMenusHaveToolTips()
+{
+    FilterBarFixture fixture;
+    const QString markup = u"<b>"_s + QString(70, u'z');
+    fixture.stock->context().insert(std::make_unique<Brand>(u"Acme"_s));
+    fixture.stock->context().insert(std::make_unique<Brand>(markup));
+    fixture.favorites.add(QString(70, u'y'), {.typeName = u"PLA"_s, .searchText = {}});
+    fixture.bar.setSelection({.type = fixture.pla});
+    // Of an entry without one of its own it is the title.
+    const auto toolTipOf = [](QMenu* menu, int entry) {
+        emit menu->aboutToShow();
+        return QTextDocumentFragment::fromHtml(menu->actions().at(entry)->toolTip()).toPlainText();
+    };
+    auto* brands = fixture.capsule(u"Marque"_s)->menu();
+    auto* favorites = fixture.bar.findChild<FavoritesMenu*>();
+
+    QVERIFY(brands->toolTipsVisible());
+    QCOMPARE(toolTipOf(brands, 1), markup);
+    QCOMPARE(toolTipOf(brands, 2), u"Acme"_s);
+    QVERIFY(favorites->toolTipsVisible());
+    QCOMPARE(toolTipOf(favorites, 2), QString(70, u'y'));
+    QCOMPARE(toolTipOf(favorites, 3), QString(70, u'y')); // The one to update it.
 }
 
 void FilterBarViewTest::typingAndEscapeEditTheSearch()

@@ -1,10 +1,12 @@
 #include "app/ui/EmptyState.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/Spinner.h"
 #include "app/ui/StatusLine.h"
 #include "tests/app/ui/AccessibleFacts.h"
 #include "tests/support/TestMain.h"
 
+#include <QtGui/QTextDocument>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
@@ -23,6 +25,7 @@ private slots:
     void theSearchFieldHasItsTexts();
     void theClearButtonShowsWithText();
     void theClearButtonEmptiesLikeTyping();
+    void toolTipsShowNamesAsTheyAre();
     void aStatusLineKeepsItsRoomWhileEmpty();
     void aStatusLineShowsItsMessage();
     void aStatusLineIsAtMost640Wide();
@@ -105,6 +108,17 @@ void SmallWidgetsTest::theClearButtonEmptiesLikeTyping()
 
     QCOMPARE(field.text(), QString());
     QCOMPARE(edited, QList<QVariantList>({{QString()}}));
+}
+
+void SmallWidgetsTest::toolTipsShowNamesAsTheyAre()
+{
+    QCOMPARE(plainToolTip(u"Rouge & co < 3"_s), u"Rouge & co < 3"_s);
+
+    const QString name = u"<b>PLA</b> & <i>co</i>"_s;
+    QTextDocument document;
+    document.setHtml(plainToolTip(name));
+    QVERIFY(Qt::mightBeRichText(plainToolTip(name)));
+    QCOMPARE(document.toPlainText(), name);
 }
 
 void SmallWidgetsTest::aStatusLineKeepsItsRoomWhileEmpty()
