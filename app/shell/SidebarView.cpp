@@ -52,12 +52,11 @@ QStandardItem* noFavoriteItem()
     return item;
 }
 
-QStandardItem* favoriteItem(const FilterFavorite& favorite, bool isInUse)
+QStandardItem* favoriteItem(const FilterFavorite& favorite)
 {
     const QString summary = favorite.criteria.summary().value_or(u"Tous les filaments"_s);
     QStandardItem* item = makeItem(SidebarEntry::Favorite, favorite.name, u"star.fill"_s);
     item->setData(favorite.id, SidebarRole::favoriteId);
-    item->setData(isInUse, SidebarRole::isInUse);
     item->setToolTip(plainToolTip(summary));
     item->setData(summary, Qt::AccessibleDescriptionRole);
     return item;
@@ -142,16 +141,26 @@ SidebarView::SidebarView(QWidget* parent)
 void SidebarView::setFavorites(
     const QList<FilterFavorite>& favorites, const std::optional<FilterFavorite>& inUse)
 {
-    if (favorites == m_favorites && inUse == m_favoriteInUse)
+    if (favorites == m_favorites) {
+        markInUse(inUse); // The entry that the keyboard is at stays there.
         return;
+    }
     m_entries->removeRows(firstFavoriteRow, std::max(1, int(m_favorites.size())));
     m_favorites = favorites;
-    m_favoriteInUse = inUse;
     int row = firstFavoriteRow;
     for (const FilterFavorite& favorite : favorites)
-        m_entries->insertRow(row++, favoriteItem(favorite, inUse && inUse->id == favorite.id));
+        m_entries->insertRow(row++, favoriteItem(favorite));
     if (favorites.isEmpty())
         m_entries->insertRow(row, noFavoriteItem());
+    markInUse(inUse);
+}
+
+void SidebarView::markInUse(const std::optional<FilterFavorite>& favorite)
+{
+    for (int place = 0; place < int(m_favorites.size()); ++place) {
+        const bool isInUse = favorite && favorite->id == m_favorites.at(place).id;
+        m_entries->item(firstFavoriteRow + place)->setData(isInUse, SidebarRole::isInUse);
+    }
 }
 
 void SidebarView::activate(const QModelIndex& index)

@@ -37,12 +37,12 @@ signals:
     void manageFavoritesRequested();
 
 private:
+    void markInUse(const std::optional<FilterFavorite>& favorite);
     void activate(const QModelIndex& index);
     void showContextMenu(QPoint position);
 
     std::optional<NavItem> m_selection;
     QList<FilterFavorite> m_favorites;
-    std::optional<FilterFavorite> m_favoriteInUse;
     QStandardItemModel* m_entries;
     QListView* m_list;
 };

@@ -22,6 +22,7 @@ private slots:
     void settingTheSelectionEmitsNothing();
     void favoritesStandInTheirOrder();
     void favoritesAreAppliedByMouseKeyboardAndMenu();
+    void theKeyboardStaysAtTheFavoriteThatIsApplied();
     void theCommandOpensTheManagement();
 };
 
@@ -194,6 +195,23 @@ void SidebarViewTest::favoritesAreAppliedByMouseKeyboardAndMenu()
     QCOMPARE(chosen.last().first().value<FilterFavorite>(), favorites.at(1));
     menu->actions().at(1)->trigger();
     QCOMPARE(managed.count(), 1);
+}
+
+void SidebarViewTest::theKeyboardStaysAtTheFavoriteThatIsApplied()
+{
+    SidebarView sidebar;
+    const QList<FilterFavorite> favorites = twoFavorites();
+    sidebar.setFavorites(favorites, std::nullopt);
+    sidebar.show();
+    listOf(sidebar).setCurrentIndex(entry(sidebar, u"Tout"_s));
+
+    sidebar.setFavorites(favorites, favorites.at(1));
+
+    QCOMPARE(listOf(sidebar).currentIndex(), entry(sidebar, u"Tout"_s));
+    QVERIFY(entry(sidebar, u"Tout"_s).data(SidebarRole::isInUse).toBool());
+    sidebar.setFavorites(favorites, favorites.at(0));
+    QVERIFY(!entry(sidebar, u"Tout"_s).data(SidebarRole::isInUse).toBool());
+    QVERIFY(entry(sidebar, u"PLA rangés"_s).data(SidebarRole::isInUse).toBool());
 }
 
 void SidebarViewTest::theCommandOpensTheManagement()
