@@ -53,13 +53,11 @@ CardGrid::CardGrid(StoreContext& context, SpoolActions& actions, QWidget* parent
 
 void CardGrid::showRows(std::vector<FilamentId> rows)
 {
-    findWidestCounts();
-    decideCounts();
     m_selected->showRows(std::move(rows));
     updateGeometries(); // Now, and not with the next layout: the button after the cards goes along.
 }
 
-void CardGrid::findWidestCounts()
+void CardGrid::measureCounts()
 {
     int longest = 0;
     m_widestCounts = {};
@@ -72,6 +70,7 @@ void CardGrid::findWidestCounts()
             m_widestCounts = filament->id();
         }
     }
+    decideCounts();
 }
 
 void CardGrid::decideCounts()

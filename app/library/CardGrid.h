@@ -21,6 +21,9 @@ class CardGrid final : public QListView {
 public:
     CardGrid(StoreContext& context, SpoolActions& actions, QWidget* parent);
 
+    /// Finds out how the counts of the whole stock fit into the cards; called before `showRows`
+    /// after every change of the stock.
+    void measureCounts();
     /// Shows these filaments, in this order; called again after every change of the stock.
     void showRows(std::vector<FilamentId> rows);
     SelectedFilament& selection() { return *m_selected; }
@@ -65,7 +68,6 @@ private:
     int cardCount() const;
     void announce(QAccessible::Event what, const QModelIndex& index);
     void hover(int row);
-    void findWidestCounts();
     void decideCounts();
 
     StoreContext& m_context;

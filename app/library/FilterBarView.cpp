@@ -95,6 +95,20 @@ FilterBarView::FilterBarView(
     connect(&favorites, &FilterFavoritesStore::changed, this, &FilterBarView::refreshFavorites);
     setSelection({});
     setResultCount(0);
+    alignReset();
+}
+
+void FilterBarView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_reset)
+        alignReset();
+}
+
+/// Makes "Effacer" no higher than the capsules: the bar stays as high when it comes and goes.
+void FilterBarView::alignReset()
+{
+    m_reset->setFixedHeight(m_star->sizeHint().height());
 }
 
 void FilterBarView::setSelection(const FilterSelection& selection)

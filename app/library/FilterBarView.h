@@ -47,6 +47,9 @@ signals:
     void favoriteUpdateRequested(const FilterFavorite& favorite);
     void manageFavoritesRequested();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     /// One entry of a capsule's menu: its title, its symbol or none, whether it is the chosen one,
     /// and the selection that choosing it makes.
@@ -71,6 +74,7 @@ private:
         const QList<qint64>& buckets, std::optional<qint64> FilterSelection::*bucket) const;
     void fillMenu(QMenu& menu, const Choices& choices);
     void refreshFavorites();
+    void alignReset();
     template <class T>
     QString nameOf(EntityId<T> id) const;
 
@@ -81,7 +85,7 @@ private:
     CapsuleButton* m_spools;
     CapsuleButton* m_opened;
     SearchField* m_searchField;
-    QPushButton* m_reset;
+    QPushButton* m_reset = nullptr;
     CapsuleButton* m_star;
     FavoritesMenu* m_favoritesMenu;
     QLabel* m_resultCount;

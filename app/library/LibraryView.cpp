@@ -185,7 +185,14 @@ void LibraryView::refresh()
     m_statusBar->setTotals(totals);
     if (m_viewMode == ViewMode::Stats)
         m_statistics->setStock(totals, stockDistribution(context));
-    else
+    else if (m_viewMode == ViewMode::Cards)
+        m_cards->grid().measureCounts();
+    showSelection();
+}
+
+void LibraryView::showSelection()
+{
+    if (m_viewMode != ViewMode::Stats)
         showFiltered();
     showBody();
     emit criteriaChanged();
@@ -264,7 +271,10 @@ FilterCriteria LibraryView::currentCriteria() const
 void LibraryView::setSelection(const FilterSelection& selection)
 {
     m_selection = selection;
-    refresh();
+    if (m_isStale)
+        refresh();
+    else
+        showSelection();
 }
 
 void LibraryView::resetFilters()

@@ -76,7 +76,10 @@ private:
     void seedOnce();
     void applyPendingFavoriteIfNeeded();
     void refreshWhenShown();
+    /// For when the stock or the mode changed.
     void refresh();
+    /// For when only the selection of the filters changed.
+    void showSelection();
     void showFiltered();
     void showBody();
     /// What is selected in the list or the cards, whichever is shown; null in the statistics.

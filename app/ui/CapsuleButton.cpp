@@ -64,6 +64,8 @@ void CapsuleButton::setValue(const QString& value)
 
 void CapsuleButton::setSymbol(const QString& symbol, bool isActive)
 {
+    if (symbol == m_symbol && isActive == m_isActive)
+        return;
     m_symbol = symbol;
     m_isActive = isActive;
     update();

@@ -151,7 +151,9 @@ void paintSpool(QPainter& painter, const QRectF& rect, const QColor& color, cons
     const QColor ring = ringColor(color, ground, strongDiscRing);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    fillShape(painter, circle(centre, radius).subtracted(circle(centre, hub)), color);
+    QPainterPath winding = circle(centre, radius);
+    winding.addEllipse(centre, hub, hub); // What lies inside both stays free.
+    fillShape(painter, winding, color);
     strokeCircle(painter, centre, radius * grooveShare, grooveOn(color));
     strokeCircle(painter, centre, radius - 0.5, ring);
     strokeCircle(painter, centre, hub + 0.5, ring);

@@ -11,17 +11,6 @@ namespace reelhouse {
 
 namespace {
 
-/// The filaments of each entry of one kind, by its row, and of none, at the end.
-std::vector<qint64> emptyCounts(qsizetype entries)
-{
-    return std::vector<qint64>(size_t(entries) + 1, 0);
-}
-
-void countIn(std::vector<qint64>& counts, const FilamentContainer* entry)
-{
-    ++(entry ? counts[entry->row()] : counts.back());
-}
-
 /// What a group shows beside its name.
 QString groupIcon(const FilamentType& type)
 {
@@ -46,10 +35,11 @@ std::vector<StockGroup> finished(std::vector<StockGroup> groups)
 }
 
 template <class T>
-std::vector<StockGroup> groupsOf(StoreContext& context, const std::vector<qint64>& counts,
-    const QString& nameOfNone, const QString& iconOfNone, EntityId<T> FilterSelection::*reference)
+std::vector<StockGroup> groupsOf(StoreContext& context, const QString& nameOfNone,
+    const QString& iconOfNone, EntityId<T> FilterSelection::*reference)
 {
     std::vector<StockGroup> groups;
+    qint64 withoutEntry = context.count<Filament>();
     QHash<QString, size_t> placeByName;
     const auto groupNamed = [&](const QString& name) -> StockGroup& {
         const auto known = placeByName.constFind(name);
@@ -64,12 +54,13 @@ std::vector<StockGroup> groupsOf(StoreContext& context, const std::vector<qint64
             group.selection.*reference = entry->id();
             group.icon = groupIcon(*entry);
         }
-        group.count += counts[entry->row()];
+        group.count += entry->filamentCount();
+        withoutEntry -= entry->filamentCount();
     }
     StockGroup& none = groupNamed(nameOfNone);
     if (!none.selection.isActive())
         none.icon = iconOfNone;
-    none.count += counts.back();
+    none.count += withoutEntry;
     return finished(std::move(groups));
 }
 
@@ -77,19 +68,9 @@ std::vector<StockGroup> groupsOf(StoreContext& context, const std::vector<qint64
 
 StockDistribution stockDistribution(StoreContext& context)
 {
-    const auto filaments = context.fetchAll<Filament>();
-    std::vector<qint64> types = emptyCounts(qsizetype(context.fetchAll<FilamentType>().size()));
-    std::vector<qint64> brands = emptyCounts(qsizetype(context.fetchAll<Brand>().size()));
-    std::vector<qint64> locations = emptyCounts(qsizetype(context.fetchAll<Location>().size()));
-    for (const auto& filament : filaments) {
-        countIn(types, filament->type());
-        countIn(brands, filament->brand());
-        countIn(locations, filament->location());
-    }
-    return {
-        groupsOf(context, types, u"Sans type"_s, filamentTypeDefaultIcon(), &FilterSelection::type),
-        groupsOf(context, brands, u"Sans marque"_s, {}, &FilterSelection::brand),
-        groupsOf(context, locations, u"Sans lieu"_s, {}, &FilterSelection::location)};
+    return {groupsOf(context, u"Sans type"_s, filamentTypeDefaultIcon(), &FilterSelection::type),
+        groupsOf(context, u"Sans marque"_s, {}, &FilterSelection::brand),
+        groupsOf(context, u"Sans lieu"_s, {}, &FilterSelection::location)};
 }
 
 } // namespace reelhouse

@@ -20,15 +20,13 @@ void addUpTo64Bits(qint64& sum, qint64 count)
 StockTotals stockTotals(StoreContext& context)
 {
     StockTotals totals;
-    std::vector<bool> isTypeUsed(context.fetchAll<FilamentType>().size());
     for (const auto& filament : context.fetchAll<Filament>()) {
         ++totals.filaments;
         addUpTo64Bits(totals.spools, filament->spoolsCount());
         addUpTo64Bits(totals.opened, filament->openedSpoolsCount());
-        if (const FilamentType* type = filament->type())
-            isTypeUsed[type->row()] = true;
     }
-    totals.types = std::ranges::count(isTypeUsed, true);
+    totals.types = std::ranges::count_if(context.fetchAll<FilamentType>(),
+        [](const std::unique_ptr<FilamentType>& type) { return type->filamentCount() > 0; });
     return totals;
 }
 

@@ -301,10 +301,12 @@ void CardViewTest::longCountsStandUnderOneAnotherInEveryCard()
 
     fixture.filament(2).setOpenedSpoolsCount(123'456'788);
     fixture.grid.showRows(fixture.ids);
+    fixture.grid.measureCounts();
     QCOMPARE(fixture.grid.counts(), CardLayout::Counts::OneUnderTheOther);
     QVERIFY(fixture.card(0).height() > height);
     QCOMPARE(fixture.card(0).height(), fixture.card(2).height());
 }
+    fixture.grid.measureCounts();
 
 void CardViewTest::nothingFocusableIsWithoutAName()
 {

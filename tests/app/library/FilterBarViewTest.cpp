@@ -232,9 +232,11 @@ void FilterBarViewTest::effacerShowsWhileAFilterIsActive()
     FilterBarFixture fixture;
     QSignalSpy reset(&fixture.bar, &FilterBarView::resetRequested);
     QVERIFY(!fixture.resetButton()->isVisible());
+    const int height = fixture.bar.heightForWidth(4000);
 
     fixture.bar.setSelection({.searchText = u" "_s});
 
+    QCOMPARE(fixture.bar.heightForWidth(4000), height); // What is below stays where it is.
     QVERIFY(fixture.resetButton()->isVisible());
     QCOMPARE(fixture.resetButton()->toolTip(), u"Réinitialiser les filtres"_s);
     QTest::mouseClick(fixture.resetButton(), Qt::LeftButton);
