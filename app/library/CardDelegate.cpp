@@ -2,9 +2,10 @@
 
 #include "app/library/CardGrid.h"
 #include "app/library/FilamentTableModel.h"
+#include "app/library/FoundText.h"
 #include "app/ui/ColorMath.h"
-#include "app/ui/RoundedPanel.h"
 #include "app/ui/PlainToolTip.h"
+#include "app/ui/RoundedPanel.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
 #include "core/model/Filament.h"
@@ -19,6 +20,7 @@ namespace reelhouse {
 
 namespace {
 
+constexpr qreal foundOnFieldWash = 0.4;
 constexpr int badgeSide = 22;
 constexpr int badgeInset = 8;
 constexpr int cardShadowSpread = 6;
@@ -39,7 +41,8 @@ void paintCardShadow(QPainter& painter, const QRectF& card)
     }
 }
 
-void paintField(QPainter& painter, const QRect& card, const Filament& filament)
+void paintField(
+    QPainter& painter, const QRect& card, const Filament& filament, const QString& foldedSearch)
 {
     const QColor color = colorFromHex(filament.colorHex());
     const QRect field(card.left(), card.top(), card.width(), CardLayout::field);
@@ -54,9 +57,11 @@ void paintField(QPainter& painter, const QRect& card, const Filament& filament)
 
     const QRect nameRect = CardLayout::colorNameRect(card);
     painter.setFont(CardLayout::colorNameFont());
-    painter.setPen(textOnColor(color));
-    painter.drawText(nameRect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-        painter.fontMetrics().elidedText(filament.colorName(), Qt::ElideRight, nameRect.width()));
+    const QColor ink = textOnColor(color);
+    painter.setPen(ink);
+    // Lighter behind a dark text, darker behind a light one: what is found stays readable.
+    const QColor wash = faded(ink == Qt::white ? Qt::black : Qt::white, foundOnFieldWash);
+    paintFoundText(painter, nameRect, filament.colorName(), 0, foldedSearch, {wash, ink});
 }
 
 void paintBadge(QPainter& painter, const QRect& card)
@@ -102,10 +107,10 @@ void CardDelegate::paint(
         paintCardShadow(*painter, card);
     paintRoundedPanel(
         *painter, card, CardLayout::radius, theme.surface, isHovered ? theme.line : theme.hairline);
-    paintField(*painter, card, *filament);
+    paintField(*painter, card, *filament, m_grid.foldedSearch());
     painter->fillRect(CardLayout::separator(card, m_grid.counts()), theme.hairline);
     for (const CellPiece& piece : CardLayout::pieces(*filament, card, m_grid.counts()))
-        RowLayout::paint(*painter, piece);
+        RowLayout::paint(*painter, piece, m_grid.foldedSearch());
     if (isSelected) {
         paintOutline(*painter, card, 1, CardLayout::radius + 1);
         paintBadge(*painter, card);

@@ -57,6 +57,12 @@ void CardGrid::showRows(std::vector<FilamentId> rows)
     updateGeometries(); // Now, and not with the next layout: the button after the cards goes along.
 }
 
+void CardGrid::setFoldedSearch(const QString& search)
+{
+    m_foldedSearch = search;
+    viewport()->update();
+}
+
 void CardGrid::measureCounts()
 {
     int longest = 0;

@@ -26,6 +26,9 @@ public:
     void measureCounts();
     /// Shows these filaments, in this order; called again after every change of the stock.
     void showRows(std::vector<FilamentId> rows);
+    /// What is searched for, as `normalizedForSearch` gives it: it stands out in the cards.
+    void setFoldedSearch(const QString& search);
+    const QString& foldedSearch() const { return m_foldedSearch; }
     SelectedFilament& selection() { return *m_selected; }
     CardLayout::Counts counts() const { return m_counts; }
     CardGeometry geometryOfCards() const;
@@ -76,6 +79,7 @@ private:
     SelectedFilament* m_selected;
     FilamentId m_widestCounts; ///< The filament whose two counts are the longest.
     CardLayout::Counts m_counts = CardLayout::Counts::Beside;
+    QString m_foldedSearch;
     int m_hoveredRow = -1;
 };
 

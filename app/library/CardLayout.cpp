@@ -48,11 +48,13 @@ int countsTop(const QRect& card, Counts counts)
 
 /// A symbol and the text after it, over the whole width of `line`.
 void addLine(std::vector<CellPiece>& pieces, const QRect& line, const QString& symbol, int side,
-    ColorRole symbolColor, const QString& text, const QFont& font, ColorRole color)
+    ColorRole symbolColor, const QString& text, const QFont& font, ColorRole color,
+    int searchedFrom = notSearched)
 {
     const QRect symbolRect(line.left(), line.top() + (line.height() - side) / 2, side, side);
     pieces.push_back({symbolRect, {}, symbol, {}, symbolColor});
-    pieces.push_back({line.adjusted(side + afterSymbol, 0, 0, 0), text, {}, font, color});
+    pieces.push_back(
+        {line.adjusted(side + afterSymbol, 0, 0, 0), text, {}, font, color, searchedFrom});
 }
 
 QString spoolsText(const Filament& filament)
@@ -136,22 +138,24 @@ std::vector<CellPiece> pieces(const Filament& filament, const QRect& card, Count
         = filament.type() ? &Theme::textSecondary : &Theme::textTertiary;
     addLine(pieces, nextLine(QFontMetrics(titleFont).height() + 3),
         FilamentTexts::typeIconName(filament), typeSymbol, typeSymbolColor,
-        FilamentTexts::typeName(filament), titleFont, typeColor);
+        FilamentTexts::typeName(filament), titleFont, typeColor, filament.type() ? 0 : notSearched);
     pieces.push_back(
         {nextLine(QFontMetrics(brandFont).height()), FilamentTexts::brandName(filament), {},
-            brandFont, filament.brand() ? &Theme::textPrimary : &Theme::textTertiary});
+            brandFont, filament.brand() ? &Theme::textPrimary : &Theme::textTertiary,
+            filament.brand() ? 0 : notSearched});
     const QRect rangeLine = nextLine(QFontMetrics(captionFont).height());
     if (filament.range())
         pieces.push_back(
-            {rangeLine, filament.range()->name(), {}, captionFont, &Theme::textSecondary});
+            {rangeLine, filament.range()->name(), {}, captionFont, &Theme::textSecondary, 0});
     top += partGap;
     addLine(pieces, nextLine(lineHeight(captionFont)), u"map.fill"_s, lineSymbol,
         &Theme::textSecondary, FilamentTexts::place(filament), captionFont,
-        filament.location() ? &Theme::textSecondary : &Theme::textTertiary);
+        filament.location() ? &Theme::textSecondary : &Theme::textTertiary,
+        filament.location() ? 0 : notSearched);
     const QString notes = FilamentTexts::notesOnOneLine(filament);
     if (!notes.isEmpty())
         addLine(pieces, nextLine(lineHeight(captionFont)), u"note.text"_s, lineSymbol,
-            &Theme::textSecondary, notes, captionFont, &Theme::textSecondary);
+            &Theme::textSecondary, notes, captionFont, &Theme::textSecondary, 0);
     addCounts(pieces, filament, card, counts);
     return pieces;
 }

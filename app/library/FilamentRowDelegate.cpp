@@ -3,6 +3,8 @@
 #include "app/library/FilamentTableModel.h"
 #include "app/library/ListView.h"
 #include "app/library/RowLayout.h"
+#include "app/ui/ColorMath.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/Theme.h"
@@ -30,15 +32,6 @@ const FilamentTableModel& modelOf(const QModelIndex& index)
 bool isSelected(const QStyleOptionViewItem& option)
 {
     return option.state.testFlag(QStyle::State_Selected);
-}
-
-/// The ground that the disc's hub shows, with the wash under the pointer mixed in.
-QColor mixed(const QColor& ground, const QColor& wash)
-{
-    const qreal part = wash.alphaF();
-    return QColor::fromRgbF(float(ground.redF() * (1 - part) + wash.redF() * part),
-        float(ground.greenF() * (1 - part) + wash.greenF() * part),
-        float(ground.blueF() * (1 - part) + wash.blueF() * part));
 }
 
 } // namespace
@@ -70,13 +63,13 @@ void FilamentRowDelegate::paint(
         if (isSelected(option))
             ground = m_list.hasFocus() ? theme.selection : theme.track;
         else if (m_list.hoveredRow() == index.row())
-            ground = mixed(theme.list, theme.hover);
+            ground = blended(theme.hover, theme.list);
         paintSpool(
             *painter, RowLayout::discRect(option.rect), colorFromHex(filament->colorHex()), ground);
     }
     for (const CellPiece& piece :
         RowLayout::pieces(*filament, index.column(), option.rect, isSelected(option)))
-        RowLayout::paint(*painter, piece);
+        RowLayout::paint(*painter, piece, m_list.foldedSearch());
     if (index.column() == FilamentTableModel::Spools && hasStepButtons(option, *filament)
         && (m_list.hoveredRow() == index.row() || m_list.currentIndex().row() == index.row()))
         paintSteps(painter, option);
@@ -100,7 +93,7 @@ void FilamentRowDelegate::paintGround(
         painter->setBrush(m_list.hasFocus() ? theme.selection : theme.track);
         painter->drawRoundedRect(rowRect, rowRadius, rowRadius);
     } else if (m_list.hoveredRow() == row) {
-        painter->setBrush(mixed(theme.list, theme.hover));
+        painter->setBrush(blended(theme.hover, theme.list));
         painter->drawRoundedRect(rowRect, rowRadius, rowRadius);
     }
     const bool isKeyboardFocus = option.state.testFlag(QStyle::State_KeyboardFocusChange)

@@ -151,6 +151,7 @@ CapsuleButton* FilterBarView::addCapsule(const QString& symbol, const QString& f
 {
     auto* capsule = new CapsuleButton(symbol, field, unsetValue, tint, this);
     auto* menu = new QMenu(capsule);
+    menu->setToolTipsVisible(true);
     new QActionGroup(menu);
     capsule->setMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, [this, menu, choices] { fillMenu(*menu, choices); });
@@ -165,7 +166,6 @@ CapsuleButton* FilterBarView::addReference(const QString& symbol, const QString&
     return addCapsule(
         symbol, field, u"Tous"_s, tint, [this, reference] { return referenceChoices(reference); });
 }
-    menu->setToolTipsVisible(true);
 
 CapsuleButton* FilterBarView::addBucket(const QString& symbol, const QString& field,
     const QList<qint64>& buckets, std::optional<qint64> FilterSelection::*bucket)
@@ -213,6 +213,7 @@ void FilterBarView::fillMenu(QMenu& menu, const Choices& choices)
     for (const Choice& choice : choices()) {
         QAction* entry = menu.addAction(menuTitle(choice.title), this,
             [this, selection = choice.selection] { emit selectionEdited(selection); });
+        entry->setToolTip(menuToolTip(choice.title));
         if (!choice.symbol.isEmpty())
             entry->setIcon(symbolIcon(choice.symbol));
         entry->setCheckable(true);
@@ -227,6 +228,5 @@ QString FilterBarView::nameOf(EntityId<T> id) const
     const T* entry = m_context.find(id);
     return entry ? entry->name() : QString();
 }
-        entry->setToolTip(menuToolTip(choice.title));
 
 } // namespace reelhouse

@@ -27,6 +27,7 @@
 #include "core/preferences/Preferences.h"
 #include "core/product/Product.h"
 #include "core/sample/SampleData.h"
+#include "core/text/Folding.h"
 #include "core/text/Plural.h"
 
 #include <QtGui/QAction>
@@ -204,10 +205,14 @@ void LibraryView::showFiltered()
     m_filterBar->setSelection(m_selection);
     m_filterBar->setResultCount(qsizetype(filaments.size()));
     m_hasResult = !filaments.empty();
-    if (m_viewMode == ViewMode::Cards)
+    const QString search = normalizedForSearch(m_selection.searchText);
+    if (m_viewMode == ViewMode::Cards) {
+        m_cards->grid().setFoldedSearch(search);
         m_cards->grid().showRows(std::move(filaments));
-    else
+    } else {
+        m_list->setFoldedSearch(search);
         m_list->showRows(std::move(filaments));
+    }
 }
 
 void LibraryView::showBody()

@@ -107,6 +107,12 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     updateMetrics();
 }
 
+void ListView::setFoldedSearch(const QString& search)
+{
+    m_foldedSearch = search;
+    viewport()->update();
+}
+
 void ListView::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);

@@ -28,6 +28,10 @@ public:
     /// The selected filament, or nothing.
     FilamentId selectedFilament() const { return m_selected->shownId(); }
 
+    /// What is searched for, as `normalizedForSearch` gives it: it stands out in the rows.
+    void setFoldedSearch(const QString& search);
+    const QString& foldedSearch() const { return m_foldedSearch; }
+
     /// The row under the pointer, or -1.
     int hoveredRow() const { return m_hoveredRow; }
     /// Where the pointer is, in the viewport.
@@ -51,6 +55,7 @@ private:
     SpoolActions& m_actions;
     FilamentTableModel* m_model;
     SelectedFilament* m_selected;
+    QString m_foldedSearch;
     bool m_isSharingColumns = false;
     bool m_hasOwnWidths = false; ///< The user has dragged a column.
     int m_hoveredRow = -1;

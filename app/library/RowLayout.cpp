@@ -2,6 +2,8 @@
 
 #include "app/library/FilamentTableModel.h"
 #include "app/library/FilamentTexts.h"
+#include "app/library/FoundText.h"
+#include "app/ui/ColorMath.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "core/model/Filament.h"
@@ -16,6 +18,7 @@ namespace reelhouse::RowLayout {
 namespace {
 
 constexpr int symbolGap = 5;
+constexpr qreal foundWash = 0.25;
 
 /// The two lines of a cell, one above the other, centred in its height.
 struct TwoLines {
@@ -55,8 +58,9 @@ std::vector<CellPiece> productPieces(const Filament& filament, const QRect& cell
     return {
         {leftSquare(first, symbol), {}, FilamentTexts::typeIconName(filament), {}, symbolColor},
         {first.adjusted(symbol + symbolGap, 0, 0, 0), FilamentTexts::typeName(filament), {},
-            typeFont, nameColor},
-        {second, FilamentTexts::brandAndRange(filament), {}, captionFont, brandColor},
+            typeFont, nameColor, filament.type() ? 0 : notSearched},
+        {second, FilamentTexts::brandAndRange(filament), {}, captionFont, brandColor,
+            filament.brand() ? 0 : int(FilamentTexts::brandName(filament).size())},
     };
 }
 
@@ -94,8 +98,8 @@ std::vector<CellPiece> colorPieces(const Filament& filament, const QRect& cell, 
     const bool hasName = !filament.colorName().isEmpty();
     return {
         {first, FilamentTexts::colorName(filament), {}, nameFont,
-            hasName ? &Theme::textPrimary : faint(isSelected)},
-        {second, filament.colorHex(), {}, codeFont, faint(isSelected)},
+            hasName ? &Theme::textPrimary : faint(isSelected), hasName ? 0 : notSearched},
+        {second, filament.colorHex(), {}, codeFont, faint(isSelected), 0},
     };
 }
 
@@ -135,13 +139,14 @@ std::vector<CellPiece> pieces(
         return spoolPieces(filament, cell);
     case FilamentTableModel::Place:
         return {{line, FilamentTexts::place(filament), {}, fontOf(TextStyle::Body),
-            filament.location() ? &Theme::textPrimary : faint(isSelected)}};
+            filament.location() ? &Theme::textPrimary : faint(isSelected),
+            filament.location() ? 0 : notSearched}};
     case FilamentTableModel::ColorName:
         return colorPieces(filament, cell, isSelected);
     case FilamentTableModel::Notes:
         return {{line.adjusted(0, 0, cellPadding - firstPadding, 0),
             FilamentTexts::notesOnOneLine(filament), {}, fontOf(TextStyle::Body),
-            &Theme::textSecondary}};
+            &Theme::textSecondary, 0}};
     }
     Q_UNREACHABLE();
 }
@@ -151,7 +156,7 @@ bool isCut(const CellPiece& piece)
     return QFontMetrics(piece.font).horizontalAdvance(piece.text) > piece.rect.width();
 }
 
-void paint(QPainter& painter, const CellPiece& piece)
+void paint(QPainter& painter, const CellPiece& piece, const QString& foldedSearch)
 {
     const QColor color = currentTheme().*piece.color;
     if (!piece.symbol.isEmpty()) {
@@ -160,9 +165,9 @@ void paint(QPainter& painter, const CellPiece& piece)
     }
     painter.setFont(piece.font);
     painter.setPen(color);
-    const QString text
-        = QFontMetrics(piece.font).elidedText(piece.text, Qt::ElideRight, piece.rect.width());
-    painter.drawText(piece.rect, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, text);
+    const Theme& theme = currentTheme();
+    paintFoundText(painter, piece.rect, piece.text, piece.searchedFrom, foldedSearch,
+        {faded(theme.accent, foundWash), theme.textPrimary});
 }
 
 } // namespace reelhouse::RowLayout

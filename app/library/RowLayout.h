@@ -5,6 +5,7 @@
 #include <QtCore/QRect>
 #include <QtGui/QFont>
 
+#include <limits>
 #include <vector>
 
 class QPainter;
@@ -13,6 +14,9 @@ namespace reelhouse {
 
 class Filament;
 
+/// The place in a piece that comes after any text.
+inline constexpr int notSearched = std::numeric_limits<int>::max();
+
 /// One piece of text or one symbol in a cell of the list.
 struct CellPiece {
     QRect rect;
@@ -20,6 +24,7 @@ struct CellPiece {
     QString symbol; ///< Drawn in `rect` instead of a text when it is not empty.
     QFont font;
     ColorRole color;
+    int searchedFrom = notSearched; ///< Where the part of the text begins that the search reads.
 };
 
 /// Where everything in one row of the list goes. Pure geometry: what is painted and what is told in
@@ -45,7 +50,8 @@ std::vector<CellPiece> pieces(
     const Filament& filament, int column, const QRect& cell, bool isSelected);
 /// Whether a piece of text is wider than its place.
 bool isCut(const CellPiece& piece);
-void paint(QPainter& painter, const CellPiece& piece);
+/// Makes stand out where `foldedSearch` is found.
+void paint(QPainter& painter, const CellPiece& piece, const QString& foldedSearch);
 
 } // namespace RowLayout
 

@@ -3,8 +3,12 @@
 #include "app/library/AddCardButton.h"
 #include "app/library/FilamentTableModel.h"
 #include "app/library/SpoolActions.h"
+#include "app/ui/ColorMath.h"
+#include "app/ui/Theme.h"
+#include "core/text/Folding.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/MemoryStock.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QAbstractItemModelTester>
@@ -34,6 +38,7 @@ private slots:
     void aStockOfAnySizeIsLaidOutAtOnce();
     void longCountsStandUnderOneAnotherInEveryCard();
     void nothingFocusableIsWithoutAName();
+    void whatIsSearchedForStandsOut();
 };
 
 namespace {
@@ -296,23 +301,51 @@ void CardViewTest::longCountsStandUnderOneAnotherInEveryCard()
     const int height = fixture.card(0).height();
 
     fixture.filament(2).setSpoolsCount(123'456'789);
+    fixture.grid.measureCounts();
     fixture.grid.showRows(fixture.ids); // Nothing opened: nothing beside it.
     QCOMPARE(fixture.grid.counts(), CardLayout::Counts::Beside);
 
     fixture.filament(2).setOpenedSpoolsCount(123'456'788);
-    fixture.grid.showRows(fixture.ids);
     fixture.grid.measureCounts();
+    fixture.grid.showRows(fixture.ids);
     QCOMPARE(fixture.grid.counts(), CardLayout::Counts::OneUnderTheOther);
     QVERIFY(fixture.card(0).height() > height);
     QCOMPARE(fixture.card(0).height(), fixture.card(2).height());
 }
-    fixture.grid.measureCounts();
 
 void CardViewTest::nothingFocusableIsWithoutAName()
 {
     CardViewFixture fixture(3);
 
     QCOMPARE(tests::unnamedControls(&fixture.view), QStringList());
+}
+
+void CardViewTest::whatIsSearchedForStandsOut()
+{
+    const CardViewFixture fixture(8);
+    const QColor ground = blended(faded(currentTheme().accent, 0.25), currentTheme().surface);
+    const auto marked = [&] {
+        const QImage picture = fixture.grid.viewport()->grab().toImage();
+        QList<int> cards;
+        for (int row = 0; row < 8; ++row) {
+            if (tests::pixelsLike(picture, fixture.card(row), ground) > 0)
+                cards << row;
+        }
+        return cards;
+    };
+    QCOMPARE(marked(), QList<int>());
+
+    fixture.grid.setFoldedSearch(normalizedForSearch(u"Plà"_s));
+    QCOMPARE(marked(), QList<int>{7}); // The only one of that type.
+
+    fixture.grid.setFoldedSearch(normalizedForSearch(u"sans"_s));
+    QCOMPARE(marked(), QList<int>()); // "Sans marque" is no name.
+
+    // On the field of colour, in front of a dark ground, a light text gets a darker one.
+    fixture.grid.setFoldedSearch(normalizedForSearch(u"vert"_s));
+    const QRect field(fixture.card(0).topLeft(), QSize(fixture.card(0).width(), CardLayout::field));
+    const QColor wash = blended(faded(Qt::white, 0.4), QColor(u"#43A047"_s));
+    QVERIFY(tests::pixelsLike(fixture.grid.viewport()->grab().toImage(), field, wash) > 0);
 }
 
 REELHOUSE_TEST(CardViewTest)

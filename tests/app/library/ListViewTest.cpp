@@ -3,7 +3,11 @@
 #include "app/library/FilamentRowDelegate.h"
 #include "app/library/RowLayout.h"
 #include "app/library/SpoolActions.h"
+#include "app/ui/ColorMath.h"
+#include "app/ui/Theme.h"
+#include "core/text/Folding.h"
 #include "tests/support/MemoryStock.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QSignalSpy>
@@ -31,6 +35,8 @@ private slots:
     void selectionAndScrollPositionHoldAcrossRefreshes();
     void aClickBesideTheRowsClearsTheSelection();
     void tabLeavesTheTable();
+    void whatIsSearchedForStandsOut_data();
+    void whatIsSearchedForStandsOut();
 };
 
 namespace {
@@ -237,6 +243,41 @@ void ListViewTest::tabLeavesTheTable()
 
     QVERIFY(!fixture.list.tabKeyNavigation());
     QVERIFY(!fixture.list.accessibleName().isEmpty());
+}
+
+void ListViewTest::whatIsSearchedForStandsOut_data()
+{
+    QTest::addColumn<QString>("search");
+    QTest::addColumn<QList<int>>("expectedColumns");
+
+    QTest::newRow("nothing") << QString() << QList<int>{};
+    QTest::newRow("in the name of the colour") << u"VÉRT"_s << QList<int>{3};
+    QTest::newRow("in the code of the colour") << u"#43a"_s << QList<int>{3};
+    QTest::newRow("in several texts") << u"e"_s << QList<int>{3, 4};
+    QTest::newRow("in the second part of a text") << u"basic"_s << QList<int>{0};
+    QTest::newRow("not in what only says that there is none") << u"sans"_s << QList<int>{};
+    QTest::newRow("nowhere") << u"violet"_s << QList<int>{};
+}
+
+void ListViewTest::whatIsSearchedForStandsOut()
+{
+    QFETCH(QString, search);
+    ListViewFixture fixture(1);
+    StoreContext& context = fixture.stock->context();
+    fixture.filament(0).setRange(&context.insert(std::make_unique<FilamentRange>(u"Basic"_s)));
+    fixture.filament(0).setNotes(u"Reste"_s);
+
+    fixture.list.setFoldedSearch(normalizedForSearch(search));
+
+    const QImage picture = fixture.list.viewport()->grab().toImage();
+    const QColor bare = picture.pixelColor(picture.rect().bottomRight());
+    const QColor ground = blended(faded(currentTheme().accent, 0.25), bare);
+    QList<int> columns;
+    for (int column = 0; column < 5; ++column) {
+        if (tests::pixelsLike(picture, fixture.cell(0, column), ground) > 0)
+            columns << column;
+    }
+    QTEST(columns, "expectedColumns");
 }
 
 REELHOUSE_TEST(ListViewTest)
