@@ -57,30 +57,30 @@ public:
     void search(const QString& text)
     {
         emit m_library.findChild<SearchField*>()->textEdited(text);
-        m_library.repaint();
+        QCoreApplication::processEvents(); // Lays out and paints what changed.
     }
     void choose(const FilterSelection& selection)
     {
         emit m_library.findChild<FilterBarView*>()->selectionEdited(selection);
-        m_library.repaint();
+        QCoreApplication::processEvents();
     }
     void edit()
     {
         Filament& filament = *context().fetchAll<Filament>().front();
         filament.setSpoolsCount(filament.spoolsCount() + 1);
         context().processPendingChanges();
-        m_library.repaint();
+        QCoreApplication::processEvents();
     }
     void scrollPage()
     {
         QScrollBar* bar = body().verticalScrollBar();
         bar->setValue(bar->value() + bar->pageStep());
-        m_library.repaint();
+        QCoreApplication::processEvents();
     }
     void resizeBy(int width)
     {
         m_library.resize(m_library.width() + width, m_library.height());
-        m_library.repaint();
+        QCoreApplication::processEvents();
     }
 
 private:
@@ -118,40 +118,64 @@ private:
 };
 
 /// What no library could do without: the search folds each text once, the result is counted into
-/// order by ready ranks, and a table without content is reset and painted.
+/// order by ready ranks, and a table without content is reset and painted. Each function begins
+/// with the whole stock on show and returns its seconds.
 class LibraryFloor final {
 public:
     LibraryFloor(StoreContext& context, const QString& query)
         : m_context(context)
         , m_ranks(context)
-        , m_search(normalizedForSearch(query))
+        , m_query(normalizedForSearch(query))
+        , m_search(m_query)
     {
         m_table.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
         m_table.verticalHeader()->hide();
         m_table.setModel(&m_rows);
         m_table.resize(windowSize);
         m_table.show();
-        QCoreApplication::processEvents();
     }
 
-    void search()
+    double search()
     {
-        std::vector<RankedFilament> found;
-        bareSearch(m_context, m_search,
-            [&](const Filament& filament) { found.push_back(m_ranks.of(filament)); });
-        show(orderByReadyRanks(std::move(found), m_ranks));
+        return secondsToShow([&](auto take) { bareSearch(m_context, m_search, take); });
     }
-    void showAll() { show(orderByReadyRanks(m_context, m_ranks)); }
+    /// In texts that were folded beforehand.
+    double search(const ReadyKeys& keys)
+    {
+        return secondsToShow([&](auto take) { keys.search(m_context, m_query, take); });
+    }
+    /// Those of which no spool is opened.
+    double chooseUnopened()
+    {
+        return secondsToShow([&](auto take) {
+            for (const auto& filament : m_context.fetchAll<Filament>()) {
+                if (filament->openedSpoolsCount() == 0)
+                    take(*filament);
+            }
+        });
+    }
 
 private:
-    void show(const std::vector<FilamentId>& ids)
+    /// Of what `find` takes.
+    template <class Find>
+    double secondsToShow(Find find)
     {
-        m_rows.setRows(int(ids.size()));
-        m_table.repaint();
+        show(size_t(m_context.count<Filament>()));
+        return processorSecondsOf([&] {
+            std::vector<RankedFilament> found;
+            find([&](const Filament& filament) { found.push_back(m_ranks.of(filament)); });
+            show(orderByReadyRanks(std::move(found), m_ranks).size());
+        });
+    }
+    void show(size_t rows)
+    {
+        m_rows.setRows(int(rows));
+        QCoreApplication::processEvents();
     }
 
     StoreContext& m_context;
     ReadyRanks m_ranks;
+    QString m_query;
     BareSearch m_search;
     EmptyRows m_rows;
     QTableView m_table;
@@ -166,19 +190,42 @@ void letter(benchmark::State& state, ViewMode mode)
         library.search({});
         return processorSecondsOf([&] { library.search(u"e"_s); });
     };
-    measureBesideFloor(state, ours, [&] { return processorSecondsOf([&] { floor.search(); }); });
+    measureBesideFloor(state, ours, [&] { return floor.search(); });
 }
 
-/// The choice of a bucket in the filter bar, beside the order of the whole stock.
+/// For information, what the same letter costs in texts that were folded beforehand.
+void readyKeys(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
+    LibraryFloor floor(library.context(), u"e"_s);
+    const ReadyKeys keys(library.context());
+    measureBesideFloor(
+        state, [&] { return floor.search(keys); }, [&] { return floor.search(); });
+}
+
+/// The choice of a bucket in the filter bar. Returns its seconds.
+double secondsOfChoice(ShownLibrary& library)
+{
+    library.choose({});
+    return processorSecondsOf([&] { library.choose({.opened = 0}); });
+}
+
+/// Beside a search: a choice may cost no more than a letter.
 void choice(benchmark::State& state, ViewMode mode)
 {
     ShownLibrary library(int(state.range(0)), mode);
+    LibraryFloor floor(library.context(), u"e"_s);
+    measureBesideFloor(
+        state, [&] { return secondsOfChoice(library); }, [&] { return floor.search(); });
+}
+
+/// For information, beside the same choice at its barest.
+void choiceBesideItself(benchmark::State& state, ViewMode mode)
+{
+    ShownLibrary library(int(state.range(0)), mode);
     LibraryFloor floor(library.context(), {});
-    const auto ours = [&] {
-        library.choose({});
-        return processorSecondsOf([&] { library.choose({.opened = 0}); });
-    };
-    measureBesideFloor(state, ours, [&] { return processorSecondsOf([&] { floor.showAll(); }); });
+    measureBesideFloor(
+        state, [&] { return secondsOfChoice(library); }, [&] { return floor.chooseUnopened(); });
 }
 
 /// One more spool of one filament, with the screen of `mode` refreshed and painted, and saved in
@@ -189,7 +236,7 @@ void edit(benchmark::State& state, ViewMode mode)
     LibraryFloor floor(library.context(), u"e"_s);
     measureBesideFloor(
         state, [&] { return processorSecondsOf([&] { library.edit(); }); },
-        [&] { return processorSecondsOf([&] { floor.search(); }); });
+        [&] { return floor.search(); });
 }
 
 void scroll(benchmark::State& state, ViewMode mode)
@@ -230,9 +277,11 @@ void registerMeasures()
     for (const ViewMode mode : {ViewMode::List, ViewMode::Cards}) {
         registerMeasure(u"letter"_s, letter, mode, true);
         registerMeasure(u"choice"_s, choice, mode, true);
+        registerMeasure(u"choice-beside-itself"_s, choiceBesideItself, mode, true);
         registerMeasure(u"scroll"_s, scroll, mode, false);
         registerMeasure(u"resize"_s, resize, mode, false);
     }
+    registerMeasure(u"ready-keys"_s, readyKeys, ViewMode::List, true);
     for (const ViewMode mode : {ViewMode::List, ViewMode::Cards, ViewMode::Stats})
         registerMeasure(u"edit"_s, edit, mode, true);
 }

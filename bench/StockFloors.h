@@ -86,6 +86,36 @@ void bareSearch(StoreContext& context, const BareSearch& search, Take take)
     }
 }
 
+/// For information: a search in texts that were folded beforehand. A library would have to keep
+/// them, and to renew them with every edit.
+class ReadyKeys final {
+public:
+    explicit ReadyKeys(StoreContext& context)
+    {
+        for (const auto& filament : context.fetchAll<Filament>()) {
+            QStringList texts{filament->notes(), filament->colorName(), filament->colorHex()};
+            for (int kind = 0; kind < referenceKindCount; ++kind) {
+                if (const auto* entry = filament->reference(ReferenceKind(kind)))
+                    texts << entry->name();
+            }
+            m_keys.push_back(normalizedForSearch(texts.join(u'\n')));
+        }
+    }
+
+    template <class Take>
+    void search(StoreContext& context, const QString& foldedQuery, Take take) const
+    {
+        const auto filaments = context.fetchAll<Filament>();
+        for (size_t row = 0; row < filaments.size(); ++row) {
+            if (m_keys[row].contains(foldedQuery))
+                take(*filaments[row]);
+        }
+    }
+
+private:
+    std::vector<QString> m_keys;
+};
+
 template <class T>
 std::vector<quint32> ranksByRow(StoreContext& context)
 {
