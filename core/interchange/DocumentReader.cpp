@@ -1,6 +1,6 @@
 #include "core/interchange/DocumentReader.h"
 
-#include <QtCore/QJsonDocument>
+#include "core/interchange/SyntaxError.h"
 
 #include <array>
 #include <chrono>
@@ -36,6 +36,12 @@ QString toText(std::string_view bytes)
     return decoded;
 }
 
+/// A key as the user is told of it.
+QString keyText(std::string_view key)
+{
+    return key.empty() ? u"\"\""_s : toText(key);
+}
+
 /// Gives equal texts one buffer: a document names few entries many times.
 class SharedTexts final {
 public:
@@ -51,20 +57,21 @@ private:
     std::unordered_map<std::string_view, QString> m_texts;
 };
 
+QString memberPath(const QString& object, std::string_view key)
+{
+    return object.isEmpty() ? keyText(key) : object + u'.' + keyText(key);
+}
+
 /// A path into the document, written out only when something is wrong there.
 struct Place {
     const char* list; ///< Null at the root.
     size_t index;
 
-    QString text(std::string_view key = {}) const
+    QString text() const
     {
-        QString path;
-        if (list)
-            path = QLatin1StringView(list) + u'[' + QString::number(index) + u']';
-        if (!path.isEmpty() && !key.empty())
-            path += u'.';
-        return path + toText(key);
+        return list ? QLatin1StringView(list) + u'[' + QString::number(index) + u']' : QString();
     }
+    QString text(std::string_view key) const { return memberPath(text(), key); }
 };
 
 Failed checkKeys(dom::element value, const QString& place);
@@ -74,7 +81,7 @@ Failed checkKeys(dom::object object, const QString& place)
 {
     std::unordered_set<std::string_view> keys;
     for (const auto [key, value] : object) {
-        const QString path = place.isEmpty() ? toText(key) : place + u'.' + toText(key);
+        const QString path = memberPath(place, key);
         if (!keys.insert(key).second)
             return ExportDecodingError{Refusal::DuplicateKey, path};
         if (auto failed = checkKeys(value, path))
@@ -334,10 +341,10 @@ Failed checkRootKeys(dom::object root)
     std::unordered_set<std::string_view> keys;
     for (const auto [key, value] : root) {
         if (!keys.insert(key).second)
-            return ExportDecodingError{Refusal::DuplicateKey, toText(key)};
+            return ExportDecodingError{Refusal::DuplicateKey, keyText(key)};
         if (std::ranges::find(lists, key) != lists.end())
             continue;
-        if (auto failed = checkKeys(value, toText(key)))
+        if (auto failed = checkKeys(value, keyText(key)))
             return failed;
     }
     return std::nullopt;
@@ -375,31 +382,15 @@ Failed readRoot(dom::element element, ExportData& data)
     return readList(root, "filaments", filamentFields, shared, data.filaments);
 }
 
-/// Asks a parser that is slower but says where it stopped.
-QString placeOfSyntaxError(const QByteArray& bytes)
+/// The parser says what is wrong at most, never where.
+ExportDecodingError describe(simdjson::error_code code, QByteArrayView bytes)
 {
-    QJsonParseError error;
-    QJsonDocument::fromJson(bytes, &error);
-    if (error.error == QJsonParseError::NoError)
-        return {};
-    const auto offset = std::clamp(qsizetype(error.offset), qsizetype{0}, bytes.size());
-    return u"ligne "_s + QString::number(QByteArrayView(bytes).first(offset).count('\n') + 1);
-}
-
-ExportDecodingError describe(simdjson::error_code code, const QByteArray& bytes)
-{
-    switch (code) {
-    case simdjson::CAPACITY:
-    case simdjson::MEMALLOC:
+    if (code == simdjson::CAPACITY || code == simdjson::MEMALLOC)
         return {Refusal::TooLarge, {}};
-    case simdjson::NUMBER_ERROR: {
-        // Also what a number that no program can hold is called.
-        const QString place = placeOfSyntaxError(bytes);
-        return {place.isEmpty() ? Refusal::NumberTooLarge : Refusal::NotJson, place};
-    }
-    default:
-        return {Refusal::NotJson, placeOfSyntaxError(bytes)};
-    }
+    const auto error = findSyntaxError(bytes);
+    const bool isNumber = error && error->kind == SyntaxError::Kind::NumberTooLarge;
+    return {isNumber ? Refusal::NumberTooLarge : Refusal::NotJson,
+        error ? u"ligne "_s + QString::number(error->line) : QString()};
 }
 
 } // namespace

@@ -22,8 +22,8 @@ struct ExportDecodingError {
     };
 
     Kind kind;
-    /// Where: "filaments[3].notes", empty for the whole document; "ligne 3" for NotJson,
-    /// empty when the place is not known.
+    /// Where: "filaments[3].notes", empty for the whole document; "ligne 3" for NotJson and
+    /// NumberTooLarge.
     QString place;
 
     /// The French sentence shown to the user.

@@ -9,8 +9,10 @@ extern "C" int LLVMFuzzerTestOneInput( // NOLINT(readability-identifier-naming):
 {
     const auto read = decodeDocument({reinterpret_cast<const char*>(data), qsizetype(size)});
     if (!read) {
-        if (read.error().description().isEmpty())
-            qFatal("A document was refused without a reason.");
+        using Kind = ExportDecodingError::Kind;
+        const auto& error = read.error();
+        if (error.place.isEmpty() && error.kind != Kind::NotAnObject)
+            qFatal("A document was refused without a place.");
         return 0;
     }
     if (const auto error = read.value().validate(); error && error->description().isEmpty())

@@ -13,6 +13,8 @@ class DocumentReaderTest final : public QObject {
 private slots:
     void whatIsNotJsonIsRefused_data();
     void whatIsNotJsonIsRefused();
+    void numbersBeyondAllOthersAreRefused_data();
+    void numbersBeyondAllOthersAreRefused();
     void theRootIsHeldToItsForm_data();
     void theRootIsHeldToItsForm();
     void aFilamentIsHeldToItsForm_data();
@@ -74,46 +76,89 @@ ExportFilament onlyFilament(const QByteArray& filament)
 void DocumentReaderTest::whatIsNotJsonIsRefused_data()
 {
     QTest::addColumn<QByteArray>("document");
-    QTest::addColumn<QString>("place");
+    QTest::addColumn<int>("line");
 
     const QByteArray empty = documentWith({});
-    QTest::newRow("nothing") << ""_ba << u"ligne 1"_s;
-    QTest::newRow("spaces only") << " \n "_ba << u"ligne 2"_s;
-    QTest::newRow("a word") << "bonjour"_ba << u"ligne 1"_s;
-    QTest::newRow("trailing text") << empty + " x" << u"ligne 1"_s;
-    QTest::newRow("two documents") << empty + empty << u"ligne 1"_s;
-    QTest::newRow("cut short") << empty.chopped(1) << u"ligne 1"_s;
-    QTest::newRow("two byte-order marks") << "\xef\xbb\xbf\xef\xbb\xbf"_ba + empty << QString();
-    QTest::newRow("a comma too many") << "{\"brands\":[],\n\"types\":[1,]}"_ba << u"ligne 2"_s;
-    QTest::newRow("a raw control character")
-        << documentWith(filamentWith("notes", "\"a\tb\"")) << QString();
-    QTest::newRow("bad UTF-8") << documentWith(filamentWith("notes", "\"\xc3\x28\"")) << QString();
-    QTest::newRow("an encoded surrogate")
-        << documentWith(filamentWith("notes", "\"\xed\xa0\x80\"")) << QString();
-    QTest::newRow("a lone upper surrogate")
-        << documentWith(filamentWith("notes", R"("\ud83d")")) << QString();
-    QTest::newRow("a lone lower surrogate")
-        << documentWith(filamentWith("notes", R"("\ude00")")) << QString();
-    QTest::newRow("surrogates in the wrong order")
-        << documentWith(filamentWith("notes", R"("\ude00\ud83d")")) << QString();
-    QTest::newRow("a leading zero") << documentWith(filamentWith("spoolsCount", "01")) << QString();
-    QTest::newRow("a comment") << "/* */ " + empty << QString();
-    QTest::newRow("nested without reason")
-        << R"({"x":)" + QByteArray(5000, '[') + QByteArray(5000, ']') + "}" << QString();
+    QTest::newRow("nothing") << ""_ba << 1;
+    QTest::newRow("spaces only") << " \n "_ba << 2;
+    QTest::newRow("a word") << "bonjour"_ba << 1;
+    QTest::newRow("trailing text") << empty + "\nx" << 2;
+    QTest::newRow("two documents") << empty + "\n" + empty << 2;
+    QTest::newRow("cut short") << empty.chopped(1) + "\n" << 2;
+    QTest::newRow("two byte-order marks") << "\xef\xbb\xbf\xef\xbb\xbf"_ba + empty << 1;
+    QTest::newRow("a comma too many") << "{\"brands\":[],\n\"types\":[1,]}"_ba << 2;
+    QTest::newRow("no value") << "{\"x\":\n\n}"_ba << 3;
+    QTest::newRow("a comment") << "\n/* */ " + empty << 2;
+
+    // What stands in the second line of the document.
+    const auto wrong = [](const char* name, const QByteArray& value) {
+        QTest::newRow(name) << "{\"x\":\n" + value + "\n}" << 2;
+    };
+    wrong("an unknown word", "nul");
+    wrong("a raw tabulator", "\"a\tb\"");
+    wrong("a raw line feed", "\"a\nb\"");
+    wrong("an unclosed text", "\"a");
+    wrong("bad UTF-8", "\"\xc3\x28\"");
+    wrong("a byte of no character", "\"\xff\"");
+    wrong("more bytes than needed", "\"\xc0\x80\"");
+    wrong("an encoded surrogate", "\"\xed\xa0\x80\"");
+    wrong("half a character at the end", "\"\xc3\"");
+    wrong("an unknown escape", R"("\a")");
+    wrong("an escape of three digits", R"("\u00e")");
+    wrong("an escape without digits", R"("\uxyzt")");
+    wrong("a lone upper surrogate", R"("\ud83d")");
+    wrong("an upper surrogate before a letter", R"("\ud83d\u0041")");
+    wrong("a lone lower surrogate", R"("\ude00")");
+    wrong("surrogates in the wrong order", R"("\ude00\ud83d")");
+    wrong("a leading zero", "01");
+    wrong("a plus sign", "+1");
+    wrong("a sign alone", "-");
+    wrong("no digit behind the point", "1.");
+    wrong("no digit before the point", ".5");
+    wrong("no digit in the exponent", "1e+");
+    wrong("two values", "1 2");
+    wrong("a list without commas", "[1 2]");
+    wrong("a list not closed", "[1}");
+    wrong("an object without a colon", R"({"a" 1})");
+    wrong("an object without a key", "{1:2}");
+    wrong("an object that ends in a comma", R"({"a":1,})");
+    wrong("nested without reason", QByteArray(5000, '[') + QByteArray(5000, ']'));
+    wrong("nested one level too deep", QByteArray(1024, '[') + QByteArray(1024, ']'));
 }
 
 void DocumentReaderTest::whatIsNotJsonIsRefused()
 {
     QFETCH(QByteArray, document);
-    QFETCH(QString, place);
+    QFETCH(int, line);
 
-    const QString refusal = refusalOf(document);
+    QCOMPARE(refusalOf(document),
+        u"ligne %1 : le fichier n'est pas un document JSON valide"_s.arg(line));
+}
 
-    if (!place.isEmpty())
-        QCOMPARE(refusal, place + u" : le fichier n'est pas un document JSON valide"_s);
-    else
-        QVERIFY2(refusal.endsWith(u"le fichier n'est pas un document JSON valide"_s),
-            qPrintable(refusal));
+void DocumentReaderTest::numbersBeyondAllOthersAreRefused_data()
+{
+    QTest::addColumn<QByteArray>("number");
+    QTest::addColumn<bool>("isAccepted");
+
+    QTest::newRow("a long integer") << "123456789012345678901"_ba << false;
+    QTest::newRow("one more than 64 bits") << "18446744073709551616"_ba << false;
+    QTest::newRow("64 bits") << "18446744073709551615"_ba << true;
+    QTest::newRow("one less than the smallest") << "-9223372036854775809"_ba << false;
+    QTest::newRow("the smallest") << "-9223372036854775808"_ba << true;
+    QTest::newRow("a large exponent") << "1e400"_ba << false;
+    QTest::newRow("a small exponent") << "1e-400"_ba << true;
+    QTest::newRow("the largest of its kind") << "1.7976931348623157e308"_ba << true;
+}
+
+void DocumentReaderTest::numbersBeyondAllOthersAreRefused()
+{
+    QFETCH(QByteArray, number);
+    QFETCH(bool, isAccepted);
+    // Behind one that is only small.
+    const QByteArray document = documentWith({}).replace("{", "{\"x\":[1e-400,\n" + number + "],");
+
+    QCOMPARE(refusalOf(document),
+        isAccepted ? QString() : u"ligne 2 : le fichier contient un nombre trop grand"_s);
 }
 
 void DocumentReaderTest::theRootIsHeldToItsForm_data()
@@ -160,10 +205,12 @@ void DocumentReaderTest::theRootIsHeldToItsForm_data()
                                           << u"x : champ présent plusieurs fois"_s;
     QTest::newRow("deep in an unknown key") << QByteArray(empty).replace("{",
         R"({"x":[1,{"y":{"z":1,"z":2}}],)") << u"x[1].y.z : champ présent plusieurs fois"_s;
+    QTest::newRow("an empty key twice") << QByteArray(empty).replace("{", R"({"":1,"":2,)")
+                                        << u"\"\" : champ présent plusieurs fois"_s;
+    QTest::newRow("below an empty key") << QByteArray(empty).replace("{", R"({"":{"":1,"":2},)")
+                                        << u"\"\".\"\" : champ présent plusieurs fois"_s;
     QTest::newRow("an escaped key is the same key") << QByteArray(empty).replace(
         "{", R"({"\u0074ypes":[],)") << u"types : champ présent plusieurs fois"_s;
-    QTest::newRow("a number beyond all others") << QByteArray(empty).replace(
-        "{", R"({"x":123456789012345678901,)") << u"le fichier contient un nombre trop grand"_s;
 }
 
 void DocumentReaderTest::theRootIsHeldToItsForm()
