@@ -52,7 +52,7 @@ Result<std::optional<QString>, BackupError> BackupService::performBackup(
     if (store.usesMemoryStore())
         return std::optional<QString>();
     const auto document
-        = StockDocument::build(store.context(), StockDocument::FilamentOrder::Store).encodeJSON();
+        = StockDocument::encode(store.context(), StockDocument::FilamentOrder::Store);
     if (!document)
         return Failure{BackupError{.kind = BackupError::Kind::EncodingFailed}};
     const QString folder = backupFolder(store);

@@ -50,8 +50,7 @@ void ExportImportView::exportStock()
     if (isBusy())
         return;
     const auto document
-        = StockDocument::build(m_container.context(), StockDocument::FilamentOrder::NewestFirst)
-              .encodeJSON();
+        = StockDocument::encode(m_container.context(), StockDocument::FilamentOrder::NewestFirst);
     if (!document) {
         showError(u"Erreur lors de l'encodage des données."_s);
         return;

@@ -1,5 +1,6 @@
 #include "app/backup/StockDocument.h"
 
+#include "core/interchange/DocumentWriter.h"
 #include "core/model/NewestFirst.h"
 #include "core/model/StoreContext.h"
 
@@ -9,23 +10,23 @@ namespace reelhouse {
 
 namespace {
 
-std::optional<QString> nameOfReference(const FilamentContainer* entry)
+const QString* nameOfReference(const FilamentContainer* entry)
 {
-    return entry ? std::optional(entry->name()) : std::nullopt;
+    return entry ? &entry->name() : nullptr;
 }
 
-ExportFilament recordOf(const Filament& filament)
+FilamentText textOf(const Filament& filament)
 {
     return {
         .type = nameOfReference(filament.type()),
         .brand = nameOfReference(filament.brand()),
         .range = nameOfReference(filament.range()),
         .location = nameOfReference(filament.location()),
+        .colorHex = filament.colorHex(),
+        .colorName = &filament.colorName(),
+        .notes = filament.notes(),
         .spoolsCount = filament.spoolsCount(),
         .openedSpoolsCount = filament.openedSpoolsCount(),
-        .colorHex = filament.colorHex(),
-        .colorName = filament.colorName(),
-        .notes = filament.notes(),
         .dateAddedMs = filament.dateAdded().toMSecsSinceEpoch(),
     };
 }
@@ -79,27 +80,27 @@ T* entryNamed(const ByName<T>& byName, const std::optional<QString>& name)
 
 } // namespace
 
-ExportData StockDocument::build(StoreContext& context, FilamentOrder order)
+std::optional<QByteArray> StockDocument::encode(StoreContext& context, FilamentOrder order)
 {
-    ExportData data;
-    data.schemaVersion = ExportData::currentSchemaVersion;
+    ExportData lists;
+    lists.schemaVersion = ExportData::currentSchemaVersion;
     for (const auto& type : context.fetchAll<FilamentType>())
-        data.types.push_back({type->name(), type->iconName()});
-    addNames<Brand>(context, data.brands);
-    addNames<FilamentRange>(context, data.ranges);
-    addNames<Location>(context, data.locations);
-    data.filaments.reserve(size_t(context.count<Filament>()));
+        lists.types.push_back({type->name(), type->iconName()});
+    addNames<Brand>(context, lists.brands);
+    addNames<FilamentRange>(context, lists.ranges);
+    addNames<Location>(context, lists.locations);
+    DocumentWriter writer(lists, context.count<Filament>());
     switch (order) {
     case FilamentOrder::Store:
         for (const auto& filament : context.fetchAll<Filament>())
-            data.filaments.push_back(recordOf(*filament));
+            writer.add(textOf(*filament));
         break;
     case FilamentOrder::NewestFirst:
         for (const Filament* filament : newestFirst(context))
-            data.filaments.push_back(recordOf(*filament));
+            writer.add(textOf(*filament));
         break;
     }
-    return data;
+    return writer.finish();
 }
 
 std::optional<StoreError> StockDocument::replaceStock(StoreContext& context, const ExportData& data)

@@ -13,8 +13,9 @@ enum class FilamentOrder : quint8 {
     NewestFirst, ///< By dateAdded, equal ones in store order: the user's exports.
 };
 
-/// The whole stock, unsaved changes included, as a document of the current version.
-ExportData build(StoreContext& context, FilamentOrder order);
+/// The text of a document of the current version that holds the whole stock, unsaved changes
+/// included. Nothing where ExportData::encodeJSON gives nothing.
+std::optional<QByteArray> encode(StoreContext& context, FilamentOrder order);
 
 /// Puts the contents of a validated document in the place of the whole stock and saves once. The
 /// counts are those of the document, even where they contradict each other. The undo history is

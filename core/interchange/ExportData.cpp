@@ -67,7 +67,10 @@ private:
 
 std::optional<QByteArray> ExportData::encodeJSON() const
 {
-    return writeDocument(*this);
+    DocumentWriter writer(*this, qsizetype(filaments.size()));
+    for (const ExportFilament& filament : filaments)
+        writer.add(FilamentText::of(filament));
+    return writer.finish();
 }
 
 std::optional<ExportValidationError> ExportData::validate(FoldingRules rules) const

@@ -52,7 +52,7 @@ ExportData decoded(const QByteArray& bytes)
 
 QByteArray documentOf(StoreContext& context)
 {
-    return StockDocument::build(context, StockDocument::FilamentOrder::Store).encodeJSON().value();
+    return StockDocument::encode(context, StockDocument::FilamentOrder::Store).value();
 }
 
 ExportData oneFilament(const QString& colorName)
@@ -114,8 +114,9 @@ void StockImportTest::exportsAreSortedNewestFirst()
     add(u"égal 2"_s, 2000);
 
     QStringList names;
-    const ExportData data
-        = StockDocument::build(fixture.context(), StockDocument::FilamentOrder::NewestFirst);
+    const ExportData data = decoded(
+        StockDocument::encode(fixture.context(), StockDocument::FilamentOrder::NewestFirst)
+            .value());
     for (const ExportFilament& filament : data.filaments)
         names << filament.colorName.value_or(u"-"_s);
 
