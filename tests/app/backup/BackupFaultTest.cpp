@@ -2,6 +2,7 @@
 #include "app/backup/StockDocument.h"
 #include "app/backup/StockImport.h"
 #include "tests/app/backup/BackupFixture.h"
+#include "tests/app/backup/OneStock.h"
 #include "tests/app/store/OtherProcess.h"
 #include "tests/app/store/SmallDisk.h"
 #include "tests/support/TestMain.h"
@@ -29,55 +30,14 @@ private slots:
 
 namespace {
 
-ExportData stockOf(const QString& colorName, int filaments)
-{
-    ExportData data;
-    data.types = {{u"PLA "_s + colorName, std::nullopt}};
-    data.filaments.resize(size_t(filaments));
-    for (ExportFilament& filament : data.filaments) {
-        filament.type = data.types[0].name;
-        filament.colorName = colorName;
-        filament.notes = u"Sécher 4 h à 50 °C avant usage."_s;
-    }
-    return data;
-}
-
-std::unique_ptr<StoreContainer> openStock(const QString& path)
+/// What the user reads when the store cannot be opened; empty when it can.
+QString refusalToOpen(const QString& path)
 {
     auto store = SqliteStore::openFile(path);
     if (!store)
-        return nullptr;
-    auto container = StoreContainer::load(std::move(store.value()), StoreKind::File, path);
-    return container ? std::move(container.value()) : nullptr;
-}
-
-/// "Rouge 3000" when all filaments are of one stock made by stockOf; else what is wrong.
-QString pictureOfOneStock(StoreContainer* stock)
-{
-    if (!stock)
-        return u"cannot be opened"_s;
-    const auto filaments = stock->context().fetchAll<Filament>();
-    const auto types = stock->context().fetchAll<FilamentType>();
-    if (filaments.empty() || types.size() != 1)
-        return u"%1 filaments, %2 types"_s.arg(filaments.size()).arg(types.size());
-    const QString name = filaments[0]->colorName();
-    for (const auto& filament : filaments) {
-        if (filament->colorName() != name || filament->type() != types[0].get()
-            || types[0]->name() != u"PLA "_s + name)
-            return u"a mixture"_s;
-    }
-    return name + u' ' + QString::number(filaments.size());
-}
-
-/// The names of the backups that cannot be imported.
-QStringList unreadableBackups(const QString& folder)
-{
-    QStringList unreadable;
-    for (const QString& name : QDir(folder).entryList({u"*.json"_s}, QDir::Files | QDir::Hidden)) {
-        if (!StockImport::readDocument(folder + u'/' + name))
-            unreadable << name;
-    }
-    return unreadable;
+        return store.error().description();
+    const auto stock = StoreContainer::load(std::move(store.value()), StoreKind::File, path);
+    return stock ? QString() : stock.error().description();
 }
 
 int killRounds(int usual)
@@ -144,15 +104,18 @@ void BackupFaultTest::anImportOnAFullDiskKeepsOneStockWhole()
             outcome = imported ? u"imported"_s : u"failed"_s;
         }
         const QString unreadable = unreadableBackups(folder.filePath(u"Backups"_s)).join(u' ');
-        // A stock on a disk without any room is not opened; the user makes some.
+        // A stock that could take no change is not opened, and says why; the user makes room.
+        const QString refusal = refusalToOpen(path);
         QDir(folder.filePath(u"Backups"_s)).removeRecursively();
-        return QStringList{outcome, pictureOfOneStock(openStock(path).get()), unreadable};
+        return QStringList{outcome, pictureOfOneStock(openStock(path).get()), unreadable, refusal};
     });
     if (!answer)
         QSKIP("This system does not let the user mount a disk.");
 
     const QString expected = answer->value(0) == u"imported" ? u"Bleu 4000"_s : u"Rouge 200"_s;
-    QCOMPARE(answer->sliced(1), (QStringList{expected, QString()}));
+    QCOMPARE(answer->sliced(1, 2), (QStringList{expected, QString()}));
+    QVERIFY2(answer->value(3).isEmpty() || answer->value(3) == u"Le disque est plein.",
+        qPrintable(answer->value(3)));
 }
 
 void BackupFaultTest::aKilledBackupLeavesEveryBackupReadable()

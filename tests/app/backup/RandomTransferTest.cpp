@@ -8,6 +8,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QProcess>
+#include <QtCore/QStandardPaths>
 #include <QtTest/QTest>
 
 #include <rapidcheck.h>
@@ -23,6 +24,7 @@ class RandomTransferTest final : public QObject {
 private slots:
     void everyStockComesBackThroughItsDocument();
     void everyTableIsReadAlikeBySomebodyElse();
+    void aSpreadsheetProgramHasTheSameCells();
 };
 
 namespace {
@@ -142,6 +144,23 @@ QJsonArray readByPython(const QByteArray& table)
     return QJsonDocument::fromJson(python.readAllStandardOutput()).array();
 }
 
+/// The table as a spreadsheet program saves it again, every column opened as text.
+QByteArray throughSpreadsheet(const QByteArray& table)
+{
+    const QTemporaryDir folder;
+    BackupFixture::writeFile(folder.filePath(u"table.csv"_s), table);
+    QProcess office;
+    office.setStandardErrorFile(QProcess::nullDevice());
+    office.start(u"soffice"_s,
+        {u"-env:UserInstallation=file://"_s + folder.filePath(u"profile"_s), u"--headless"_s,
+            u"--infilter=CSV:59,34,76,1,1/2/2/2/3/2/4/2/5/2/6/2/7/2/8/2/9/2"_s, u"--convert-to"_s,
+            u"csv:Text - txt - csv (StarCalc):59,34,76,1,,0,false,true"_s, u"--outdir"_s,
+            folder.filePath(u"saved"_s), folder.filePath(u"table.csv"_s)});
+    if (!office.waitForFinished(120000))
+        return {};
+    return BackupFixture::readFile(folder.filePath(u"saved/table.csv"_s));
+}
+
 } // namespace
 
 template <>
@@ -202,6 +221,29 @@ void RandomTransferTest::everyTableIsReadAlikeBySomebodyElse()
     QCOMPARE(read.size(), expected.size());
     for (qsizetype row = 0; row < read.size(); ++row)
         QCOMPARE(read[row], expected[row]);
+}
+
+void RandomTransferTest::aSpreadsheetProgramHasTheSameCells()
+{
+    if (QStandardPaths::findExecutable(u"soffice"_s).isEmpty())
+        QSKIP("LibreOffice Calc is not installed: scripts/check --full installs it.");
+    BackupFixture fixture;
+    for (const QString& piece : awkwardPieces()) {
+        if (piece == QChar(0x1f) || piece == QChar(0xffff))
+            continue; // A spreadsheet cannot hold them.
+        auto& type = fixture.context().insert(std::make_unique<FilamentType>(u"t"_s + piece));
+        fixture.addFilament(piece, &type).setNotes(piece + u"a"_s + piece);
+        fixture.addFilament(u"007"_s, &type).setNotes(piece + piece + u'z');
+    }
+    const auto filaments = newestFirst(fixture.context());
+
+    const QJsonArray read = readByPython(
+        throughSpreadsheet(CsvExporter::encoded(CsvExporter::stockCSV(filaments)).value()));
+
+    // Within a cell it knows one kind of line break.
+    const QByteArray expected
+        = QJsonDocument(cellsOf(filaments)).toJson().replace("\\r\\n", "\\n").replace("\\r", "\\n");
+    QCOMPARE(QJsonDocument(read).toJson(), expected);
 }
 
 REELHOUSE_TEST(RandomTransferTest)
