@@ -1,6 +1,7 @@
 #include "tests/support/Screen.h"
 
 #include "tests/support/KeySymbols.h"
+#include "tests/support/Waiting.h"
 
 #include <QtCore/QDeadlineTimer>
 
@@ -185,6 +186,27 @@ void Screen::type(const QByteArray& text)
     // The names of the plain keys are their letters.
     for (const char letter : text)
         pressKey(static_cast<xcb_keysym_t>(letter));
+}
+
+QString Screen::clipboardText() const
+{
+    const xcb_window_t receiver = xcb_generate_id(m_connection);
+    xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, receiver, m_screen->root, 0, 0, 1, 1, 0,
+        XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    const xcb_atom_t answer = atom("SPOOLWRIGHT_TEST_TEXT");
+    xcb_convert_selection(
+        m_connection, receiver, atom("CLIPBOARD"), atom("UTF8_STRING"), answer, XCB_CURRENT_TIME);
+    xcb_flush(m_connection);
+    const auto isAnswered = [this] {
+        const auto event = owned(xcb_poll_for_event(m_connection));
+        return event && (event->response_type & 0x7f) == XCB_SELECTION_NOTIFY;
+    };
+    const QString text = waitUntil(isAnswered, std::chrono::seconds(2))
+        ? QString::fromUtf8(property(receiver, answer))
+        : QString();
+    xcb_destroy_window(m_connection, receiver);
+    xcb_flush(m_connection);
+    return text;
 }
 
 xcb_keycode_t Screen::keycodeOf(xcb_keysym_t key) const

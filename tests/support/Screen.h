@@ -56,8 +56,10 @@ public:
     /// Presses and releases a key of the keyboard while others are held, such as XK_Return with
     /// XK_Control_L. It goes to the window that has the focus.
     void pressKey(xcb_keysym_t key, const QList<xcb_keysym_t>& held = {});
-    /// Types letters, digits and spaces.
+    /// Types small letters, digits, spaces and the signs of plain keys, such as '.' and '/'.
     void type(const QByteArray& text);
+    /// The text that a program put on the clipboard; empty when there is none.
+    QString clipboardText() const;
 
 private:
     void collect(xcb_window_t parent, QList<Window>& found) const;
