@@ -95,6 +95,8 @@ void ReferenceSheet::refresh()
 
 void ReferenceSheet::accept()
 {
+    // From here on the name is its own: checked once more, it would be called taken.
+    disconnect(&m_list.context(), nullptr, this, nullptr);
     if (m_edited)
         m_list.edit(m_edited, m_nameField->text(), iconName());
     else

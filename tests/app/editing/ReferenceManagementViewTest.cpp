@@ -36,6 +36,7 @@ private slots:
     void cancellingKeepsTheIcon();
     void theEditSheetClosesWhenItsEntryIsGone();
     void theOpenSheetFollowsTheList();
+    void aConfirmedSheetDoesNotRefuseItsOwnName();
     void deleteAsksFirst_data();
     void deleteAsksFirst();
     void theContextMenuEditsAndDeletes();
@@ -322,6 +323,20 @@ void ReferenceManagementViewTest::theOpenSheetFollowsTheList()
 
     QVERIFY(sheet.findChild<DuplicateNameHint*>()->isVisible());
     QVERIFY(!ReferenceScreenFixture::button(sheet, u"Ajouter"_s).isEnabled());
+}
+
+void ReferenceManagementViewTest::aConfirmedSheetDoesNotRefuseItsOwnName()
+{
+    ReferenceScreenFixture fixture(ReferenceKind::Brand);
+    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter une marque"_s);
+    const QPointer<DuplicateNameHint> hint(sheet.findChild<DuplicateNameHint*>());
+    type(sheet, u"Sunlu"_s);
+
+    ReferenceScreenFixture::button(sheet, u"Ajouter"_s).click();
+    fixture.context.processPendingChanges(); // before the closed sheet is deleted
+
+    QCOMPARE(fixture.context.count<Brand>(), 1);
+    QVERIFY(hint->isHidden());
 }
 
 void ReferenceManagementViewTest::deleteAsksFirst_data()
