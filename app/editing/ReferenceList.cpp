@@ -6,6 +6,7 @@
 #include "core/text/NameOrder.h"
 
 #include <algorithm>
+#include <functional>
 #include <type_traits>
 
 namespace reelhouse {
@@ -32,6 +33,15 @@ auto withEntryClass(ReferenceKind kind, Action action)
 QString trimmedName(const QString& typed)
 {
     return trimmed(typed).toString();
+}
+
+/// Runs `edit` as one action of the user and saves. What could not be saved goes with the next
+/// save.
+void performAndSave(
+    StoreContext& context, const QString& actionName, const std::function<void()>& edit)
+{
+    context.perform(actionName, edit);
+    static_cast<void>(context.save());
 }
 
 struct NamedEntry {
@@ -93,7 +103,7 @@ NameCheck ReferenceList::check(const QString& typed, ReferenceId edited) const
 void ReferenceList::add(const QString& typed, const QString& iconName)
 {
     const QString name = trimmedName(typed);
-    m_context.perform(referenceTexts(m_kind).addCommand, [&] {
+    performAndSave(m_context, referenceTexts(m_kind).addCommand, [&] {
         withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
             if constexpr (std::is_same_v<T, FilamentType>)
                 m_context.insert(std::make_unique<T>(name, iconName));
@@ -106,7 +116,7 @@ void ReferenceList::add(const QString& typed, const QString& iconName)
 void ReferenceList::edit(ReferenceId id, const QString& typed, const QString& iconName)
 {
     const QString name = trimmedName(typed);
-    m_context.perform(referenceTexts(m_kind).editTitle, [&] {
+    performAndSave(m_context, referenceTexts(m_kind).editTitle, [&] {
         withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
             T* entry = m_context.find(EntityId<T>{id.value});
             if (!entry)
@@ -120,7 +130,7 @@ void ReferenceList::edit(ReferenceId id, const QString& typed, const QString& ic
 
 void ReferenceList::remove(ReferenceId id)
 {
-    m_context.perform(referenceTexts(m_kind).deleteAction, [&] {
+    performAndSave(m_context, referenceTexts(m_kind).deleteAction, [&] {
         withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
             if (T* entry = m_context.find(EntityId<T>{id.value}))
                 m_context.remove(*entry);

@@ -16,7 +16,8 @@ using ReferenceId = EntityId<FilamentContainer>;
 enum class NameCheck : quint8 { Free, Blank, Taken };
 
 /// One of the four reference lists of the stock, for what is written once for all of them.
-/// Each change is an action of the undo history. An identity without an entry is passed over.
+/// Each change is an action of the undo history and is saved at once; a failure to save is not
+/// told. An identity without an entry is passed over.
 class ReferenceList final {
 public:
     ReferenceList(StoreContext& context, ReferenceKind kind);

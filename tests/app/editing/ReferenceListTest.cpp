@@ -2,6 +2,7 @@
 
 #include "core/model/StoreContext.h"
 #include "tests/support/MemoryStock.h"
+#include "tests/support/RecordingStore.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QTest>
@@ -23,6 +24,8 @@ private slots:
     void aTypeIsGivenItsIcon();
     void filamentsLoseADeletedEntryAndGetItBack();
     void anEntryThatIsGoneIsPassedOver();
+    void everyChangeIsSavedAtOnce();
+    void aFailedSaveKeepsTheChange();
 };
 
 namespace {
@@ -203,6 +206,39 @@ void ReferenceListTest::anEntryThatIsGoneIsPassedOver()
 
     QCOMPARE(fixture.list.find(id), nullptr);
     QCOMPARE(fixture.names(), QStringList());
+}
+
+void ReferenceListTest::everyChangeIsSavedAtOnce()
+{
+    tests::RecordingStore store;
+    StoreContext context(store);
+    ReferenceList list(context, ReferenceKind::Type);
+
+    list.add(u"PLA"_s, u"cube.fill"_s);
+    QCOMPARE(store.commits, QList<QStringList>({{u"+FilamentType 1"_s}}));
+    list.edit(ReferenceId{1}, u"PETG"_s, u"cube.fill"_s);
+    QCOMPARE(store.commits.size(), 2);
+    QCOMPARE(store.commits.last(), QStringList{u"~FilamentType 1"_s});
+    list.remove(ReferenceId{1});
+    QCOMPARE(store.commits.size(), 3);
+    QCOMPARE(store.commits.last(), QStringList{u"-FilamentType 1"_s});
+}
+
+void ReferenceListTest::aFailedSaveKeepsTheChange()
+{
+    tests::RecordingStore store;
+    StoreContext context(store);
+    ReferenceList list(context, ReferenceKind::Location);
+    store.error = StoreError{u"disque plein"_s};
+
+    list.add(u"Cave"_s);
+    QCOMPARE(context.count<Location>(), 1);
+    QVERIFY(context.hasUnsavedChanges());
+    QVERIFY(store.commits.isEmpty());
+
+    store.error.reset();
+    QVERIFY(!context.save());
+    QCOMPARE(store.commits, QList<QStringList>({{u"+Location 1"_s}}));
 }
 
 REELHOUSE_TEST(ReferenceListTest)
