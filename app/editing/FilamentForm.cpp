@@ -16,6 +16,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -133,6 +134,7 @@ void FilamentForm::addColorRows(FormGroup& group)
     setTextTone(m_colorCode, TextTone::Secondary);
     m_colorCode->setTextFormat(Qt::PlainText);
     group.addRow(u"Couleur"_s, m_colorCode, m_colorWell);
+    m_colorName->setMaxLength(std::numeric_limits<int>::max()); // Else a longer name is cut.
     m_colorName->setMaximumWidth(colorNameWidth);
     m_colorName->setMinimumWidth(colorNameWidth);
     group.addRow(u"Nom de la couleur"_s, m_colorName);

@@ -12,6 +12,8 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QPushButton>
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
@@ -47,6 +49,7 @@ ReferenceSheet::ReferenceSheet(const ReferenceList& list, ReferenceId edited, QW
     setPadding(nameSheetPadding);
     auto* title = new QLabel(sheetTitle(texts, edited), this);
     setTextStyle(title, TextStyle::Headline);
+    m_nameField->setMaxLength(std::numeric_limits<int>::max()); // Else a longer name is cut.
     m_nameField->setPlaceholderText(texts.namePlaceholder);
     m_nameField->setAccessibleName(texts.namePlaceholder);
     m_nameField->setText(entry ? entry->name() : QString());

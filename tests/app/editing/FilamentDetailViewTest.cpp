@@ -41,6 +41,7 @@ private slots:
     void theTitleSaysWhatIsEdited_data();
     void theTitleSaysWhatIsEdited();
     void aWrongColorCodeIsBlackAndKept();
+    void aVeryLongColorNameIsNotCut();
 };
 
 namespace {
@@ -438,6 +439,19 @@ void FilamentDetailViewTest::aWrongColorCodeIsBlackAndKept()
     controls.button(u"Enregistrer"_s)->click();
 
     QCOMPARE(fixture.filament()->colorHex(), u"rouge\nvif "_s.repeated(20));
+}
+
+void FilamentDetailViewTest::aVeryLongColorNameIsNotCut()
+{
+    const QString name(40000, u'n');
+    DetailFixture fixture;
+    fixture.filament()->setColorName(name);
+    const EditorControls controls = fixture.open();
+
+    QTest::keyClick(controls.colorName(), Qt::Key_X);
+    controls.button(u"Enregistrer"_s)->click();
+
+    QVERIFY(fixture.filament()->colorName() == u'x' + name);
 }
 
 REELHOUSE_TEST(FilamentDetailViewTest)

@@ -34,6 +34,7 @@ private slots:
     void aTypeIsAddedWithItsIcon();
     void f2RenamesTheSelection();
     void cancellingKeepsTheIcon();
+    void aVeryLongNameSurvivesANewIcon();
     void theEditSheetClosesWhenItsEntryIsGone();
     void theOpenSheetFollowsTheList();
     void aConfirmedSheetDoesNotRefuseItsOwnName();
@@ -296,6 +297,21 @@ void ReferenceManagementViewTest::cancellingKeepsTheIcon()
     QCOMPARE(fixture.sheet(), nullptr);
     QCOMPARE(pla.iconName(), u"cube.fill"_s);
     QCOMPARE(fixture.context.undoActionName(), QString());
+}
+
+void ReferenceManagementViewTest::aVeryLongNameSurvivesANewIcon()
+{
+    const QString name(40000, u'n');
+    ReferenceScreenFixture fixture(ReferenceKind::Type);
+    FilamentType& type = fixture.add<FilamentType>(name);
+    fixture.select(0);
+    fixture.press(Qt::Key_F2);
+
+    fixture.sheet()->findChildren<IconCell*>().at(4)->click();
+    ReferenceScreenFixture::button(*fixture.sheet(), u"Enregistrer"_s).click();
+
+    QCOMPARE(type.iconName(), u"hexagon.fill"_s);
+    QVERIFY(type.name() == name);
 }
 
 void ReferenceManagementViewTest::theEditSheetClosesWhenItsEntryIsGone()
