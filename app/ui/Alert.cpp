@@ -5,9 +5,9 @@
 #include "app/ui/Palette.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
+#include "app/ui/WrappingLabel.h"
 
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
 #include <algorithm>
@@ -54,19 +54,11 @@ ButtonLook lookOf(AlertRole role)
     Q_UNREACHABLE();
 }
 
-QLabel* wrappingLabel(const QString& text, QWidget* parent)
-{
-    auto* label = new QLabel(text, parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 /// Wide enough for the longest line of its texts, within limits.
 int widthFor(const Alert& alert)
 {
     int longestLine = 0;
-    for (const QLabel* label : alert.findChildren<QLabel*>())
+    for (const WrappingLabel* label : alert.findChildren<WrappingLabel*>())
         longestLine = std::max(longestLine, label->fontMetrics().size(0, label->text()).width());
     return std::clamp(
         2 * alertPadding + questionIconSide + tileGap + longestLine + 2, narrowest, widest);
@@ -86,9 +78,9 @@ Alert::Alert(AlertTone tone, const QString& title, const QString& message,
 
 void Alert::addTexts(AlertTone tone, const QString& title, const QString& message)
 {
-    QLabel* titleLabel = wrappingLabel(title, this);
+    auto* titleLabel = new WrappingLabel(title, this);
     setTextStyle(titleLabel, TextStyle::Headline);
-    QLabel* messageLabel = wrappingLabel(message, this);
+    auto* messageLabel = new WrappingLabel(message, this);
     setTextTone(messageLabel, TextTone::Secondary);
     setAccessibleDescription(message);
 
@@ -107,7 +99,7 @@ void Alert::addTexts(AlertTone tone, const QString& title, const QString& messag
 
 void Alert::addNote(const QString& text)
 {
-    QLabel* note = wrappingLabel(text, this);
+    auto* note = new WrappingLabel(text, this);
     setTextTone(note, TextTone::Orange);
     m_texts->insertWidget(m_texts->count() - 1, note); // above the stretch
     setPanelSize(widthFor(*this));

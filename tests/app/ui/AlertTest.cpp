@@ -34,6 +34,8 @@ private slots:
     void itIsAsWideAsItsMessageNeeds();
     void itIsSpokenAsADialogWithItsTexts();
     void markupInAMessageIsText();
+    void aWordOfAnyLengthIsShownWhole_data();
+    void aWordOfAnyLengthIsShownWhole();
 };
 
 namespace {
@@ -239,6 +241,42 @@ void AlertTest::markupInAMessageIsText()
 
     for (const auto* label : shown.alert().findChildren<QLabel*>())
         QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void AlertTest::aWordOfAnyLengthIsShownWhole_data()
+{
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<int>("leastLines");
+
+    QTest::newRow("words") << u"Voulez-vous vraiment supprimer PLA ?"_s << 1;
+    QTest::newRow("a very long word")
+        << u"Voulez-vous vraiment supprimer "_s + QString(200, u'W') + u" ?"_s << 4;
+    QTest::newRow("line breaks") << u"un\ndeux\ntrois"_s << 3;
+}
+
+void AlertTest::aWordOfAnyLengthIsShownWhole()
+{
+    QFETCH(QString, message);
+    QFETCH(int, leastLines);
+    ShownAlert shown(Case::Delete, message);
+    QVERIFY(shown.waitActive());
+
+    const auto labels = shown.alert().findChildren<QLabel*>();
+    auto* label = *std::ranges::find(labels, message, &QLabel::text);
+    const QRect place(label->mapTo(&shown.alert(), QPoint()), label->size());
+    QVERIFY(shown.alert().panelRect().contains(place));
+    QVERIFY(label->height() >= leastLines * label->fontMetrics().height());
+    // Nothing is painted up to the right edge, where a cut text would end.
+    const QImage picture = label->grab().toImage();
+    QRect ink;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    QVERIFY(ink.right() < picture.width() - 1);
+    QVERIFY(ink.bottom() > (leastLines - 1) * label->fontMetrics().height());
 }
 
 REELHOUSE_TEST(AlertTest)
