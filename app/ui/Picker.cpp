@@ -66,8 +66,10 @@ public:
             return {};
         const bool isNone = index.row() == 0;
         const QString& name = isNone ? m_none : m_entries[size_t(index.row()) - 1].name;
-        if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
+        if (role == Qt::DisplayRole)
             return name.simplified();
+        if (role == Qt::ToolTipRole)
+            return plainToolTip(name.simplified());
         if (role == Qt::DecorationRole && !isNone) {
             const QString& symbol = m_entries[size_t(index.row()) - 1].symbol;
             return symbol.isEmpty() ? QVariant() : symbolIcon(symbol);

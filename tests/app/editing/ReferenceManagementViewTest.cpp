@@ -517,6 +517,11 @@ void ReferenceManagementViewTest::aLongNameIsCutAndToldInATip()
     fixture.context.processPendingChanges();
     QApplication::sendEvent(fixture.list().viewport(), &event);
     QTRY_COMPARE(QToolTip::text(), QString());
+
+    fixture.context.fetchAll<Brand>().front()->setName(u"<b>"_s + name);
+    fixture.context.processPendingChanges();
+    QApplication::sendEvent(fixture.list().viewport(), &event);
+    QCOMPARE(QToolTip::text(), u"<p>&lt;b&gt;"_s + name + u"</p>"_s);
 }
 
 REELHOUSE_TEST(ReferenceManagementViewTest)

@@ -22,6 +22,7 @@ private slots:
     void barsComeAndGoWithTheirGroups();
     void aBarIsFilledByItsShare_data();
     void aBarIsFilledByItsShare();
+    void markupInANameIsText();
     void assistiveTechnologyHearsTheShare();
     void onlyNamedGroupsCanBeChosen();
     void panelsStackWhereTheyWouldBeNarrow();
@@ -139,6 +140,15 @@ void StatisticsViewTest::aBarIsFilledByItsShare()
     for (int x = 0; x < 200; ++x)
         filled += picture.pixelColor(x, picture.height() - 4) == lightTheme().accent ? 1 : 0;
     QVERIFY(std::abs(filled - expected) <= 2); // The ends are round.
+}
+
+void StatisticsViewTest::markupInANameIsText()
+{
+    StatBar bar(&Theme::accent, nullptr);
+
+    bar.setGroup({u"<b>PLA</b>"_s, 1}, 1);
+
+    QCOMPARE(bar.toolTip(), u"<p>&lt;b&gt;PLA&lt;/b&gt;</p>"_s);
 }
 
 void StatisticsViewTest::assistiveTechnologyHearsTheShare()

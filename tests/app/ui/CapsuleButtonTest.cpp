@@ -18,6 +18,7 @@ private slots:
     void aSetCapsuleSpeaksItsValueAndWearsItsTint();
     void anEmptyValueUnsetsIt();
     void aLongValueIsCutAndStandsInTheTooltip();
+    void markupInAValueIsText();
     void aShortValueNeedsNoTooltip();
     void theFieldIsNeverCut();
     void aNameWithAnAmpersandIsNoShortcut();
@@ -86,6 +87,15 @@ void CapsuleButtonTest::aLongValueIsCutAndStandsInTheTooltip()
     QVERIFY(capsule.sizeHint().width() <= bare + 112);
     QCOMPARE(capsule.toolTip(), longPlace);
     QCOMPARE(spokenDescription(&capsule), longPlace);
+}
+
+void CapsuleButtonTest::markupInAValueIsText()
+{
+    TypeCapsule capsule;
+
+    capsule.setValue(u"<i>"_s + longPlace);
+
+    QCOMPARE(capsule.toolTip(), u"<p>&lt;i&gt;"_s + longPlace + u"</p>"_s);
 }
 
 void CapsuleButtonTest::aShortValueNeedsNoTooltip()

@@ -27,6 +27,7 @@ private slots:
     void lettersJumpInTheOpenListToo();
     void theWheelChangesNothing();
     void aLongNameIsCutWithATooltip();
+    void markupInANameIsText();
     void thousandsOfEntriesOpen();
     void oddNamesStayOnOneLine();
 };
@@ -42,6 +43,15 @@ struct PickerFixture {
         picker.show();
         picker.activateWindow();
         picker.setFocus();
+    }
+
+    QString toolTipFor(qint64 id)
+    {
+        picker.setChoice(id);
+        QToolTip::hideText();
+        QHelpEvent help(QEvent::ToolTip, {5, 5}, picker.mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(&picker, &help);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
     }
 
     Picker picker{u"Sélectionner…"_s};
@@ -178,17 +188,21 @@ void PickerTest::aLongNameIsCutWithATooltip()
     PickerFixture fixture;
     const QString longName = QString(200, u'W');
     fixture.picker.setEntries({{1, longName, {}}, {2, u"ABS"_s, {}}});
-    const auto toolTipFor = [&](qint64 id) {
-        fixture.picker.setChoice(id);
-        QToolTip::hideText();
-        QHelpEvent help(QEvent::ToolTip, {5, 5}, fixture.picker.mapToGlobal(QPoint(5, 5)));
-        QCoreApplication::sendEvent(&fixture.picker, &help);
-        return QToolTip::isVisible() ? QToolTip::text() : QString();
-    };
 
-    QCOMPARE(toolTipFor(2), QString());
-    QCOMPARE(toolTipFor(1), longName);
+    QCOMPARE(fixture.toolTipFor(2), QString());
+    QCOMPARE(fixture.toolTipFor(1), longName);
     QVERIFY(fixture.picker.minimumSizeHint().width() < 200);
+}
+
+void PickerTest::markupInANameIsText()
+{
+    PickerFixture fixture;
+    const QString wide(200, u'W');
+    fixture.picker.setEntries({{1, u"<b>"_s + wide + u"</b>"_s, {}}});
+    const QString expected = u"<p>&lt;b&gt;"_s + wide + u"&lt;/b&gt;</p>"_s;
+
+    QCOMPARE(fixture.toolTipFor(1), expected);
+    QCOMPARE(fixture.picker.itemData(1, Qt::ToolTipRole).toString(), expected);
 }
 
 void PickerTest::thousandsOfEntriesOpen()
