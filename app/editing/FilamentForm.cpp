@@ -6,6 +6,7 @@
 #include "app/ui/FormGroup.h"
 #include "app/ui/NotesField.h"
 #include "app/ui/Palette.h"
+#include "app/ui/PlainToolTip.h"
 #include "app/ui/Stepper.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/TextStyle.h"
@@ -191,8 +192,11 @@ void FilamentForm::showColor()
     m_swatch->setColor(code, m_draft.colorName);
     m_colorWell->setColor(colorFromHex(code));
     m_colorWell->setAccessibleDescription(colorDescription(code, m_draft.colorName));
-    m_colorCode->setText(
-        m_colorCode->fontMetrics().elidedText(code.simplified(), Qt::ElideRight, colorCodeWidth));
+    const QString line = code.simplified();
+    const QString shown
+        = m_colorCode->fontMetrics().elidedText(line, Qt::ElideRight, colorCodeWidth);
+    m_colorCode->setText(shown);
+    m_colorCode->setToolTip(shown == line ? QString() : plainToolTip(line));
 }
 
 } // namespace reelhouse

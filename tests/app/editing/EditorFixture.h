@@ -57,6 +57,15 @@ public:
     Stepper* spools() const { return control<Stepper>(QStringLiteral("Nombre de bobines: ")); }
     Stepper* opened() const { return control<Stepper>(QStringLiteral("Bobines entamées: ")); }
     ColorWell* color() const { return control<ColorWell>(QStringLiteral("Couleur")); }
+    /// The code in front of the colour control: the only text of its row that labels nothing.
+    QLabel* colorCode() const
+    {
+        for (QLabel* found : color()->parentWidget()->findChildren<QLabel*>()) {
+            if (!found->buddy())
+                return found;
+        }
+        return nullptr;
+    }
     QLineEdit* colorName() const { return control<QLineEdit>(QStringLiteral("Nom de la couleur")); }
     NotesField* notes() const { return control<NotesField>(QStringLiteral("Notes")); }
     QPushButton* button(const QString& text) const

@@ -41,6 +41,7 @@ private slots:
     void theTitleSaysWhatIsEdited_data();
     void theTitleSaysWhatIsEdited();
     void aWrongColorCodeIsBlackAndKept();
+    void aCutColorCodeIsToldInATip();
     void aVeryLongColorNameIsNotCut();
 };
 
@@ -439,6 +440,22 @@ void FilamentDetailViewTest::aWrongColorCodeIsBlackAndKept()
     controls.button(u"Enregistrer"_s)->click();
 
     QCOMPARE(fixture.filament()->colorHex(), u"rouge\nvif "_s.repeated(20));
+}
+
+void FilamentDetailViewTest::aCutColorCodeIsToldInATip()
+{
+    DetailFixture fixture;
+    fixture.filament()->setColorHex(u"<b>rouge\nvif "_s + QString(200, u'W'));
+    const EditorControls controls = fixture.open();
+    const QLabel* code = controls.colorCode();
+    QVERIFY(code->text().startsWith(u"<b>rouge vif W"_s));
+    QVERIFY(code->text().endsWith(u'…'));
+    QCOMPARE(code->toolTip(), u"<p>&lt;b&gt;rouge vif "_s + QString(200, u'W') + u"</p>"_s);
+
+    emit controls.color()->colorEdited(QColor(0x112233));
+
+    QCOMPARE(code->text(), u"#112233"_s);
+    QCOMPARE(code->toolTip(), QString());
 }
 
 void FilamentDetailViewTest::aVeryLongColorNameIsNotCut()
