@@ -205,6 +205,8 @@ void StoreContext::redo()
 
 void StoreContext::clearHistory()
 {
+    if (!m_undoable.empty() || !m_redoable.empty())
+        noteChange();
     for (const Action& action : std::exchange(m_undoable, {}))
         forget(action);
     for (const Action& action : std::exchange(m_redoable, {}))

@@ -67,7 +67,7 @@ public:
     /// Puts the latest action back; the same objects return under their identities and places.
     void undo();
     void redo();
-    /// Forgets every action, for when the whole stock was replaced.
+    /// Forgets every action, for when the whole stock was replaced. Announced by `changed()`.
     void clearHistory();
 
     /// Delivers `changed()` now, then writes every unsaved change in one transaction.

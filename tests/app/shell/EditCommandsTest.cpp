@@ -21,6 +21,7 @@ class EditCommandsTest final : public QObject {
 
 private slots:
     void entriesNameTheirAction();
+    void anEmptiedHistoryDisablesThem();
     void withoutATextFieldTheStockIsMeant();
     void aTextFieldIsEdited();
     void keysAndMenuMeanTheSameField();
@@ -105,6 +106,26 @@ void EditCommandsTest::entriesNameTheirAction()
 
     redo->trigger();
     QCOMPARE(brand.name(), u"eSun"_s);
+}
+
+void EditCommandsTest::anEmptiedHistoryDisablesThem()
+{
+    const auto stock = tests::makeMemoryStock();
+    StoreContext& context = stock->context();
+    QMenu menu;
+    const EditCommands commands(context, menu, nullptr);
+    for (const QString& name : {u"Sunlu"_s, u"eSun"_s})
+        context.perform(name, [&] { context.insert(std::make_unique<Brand>(name)); });
+    context.undo();
+    context.processPendingChanges();
+    QVERIFY(menu.actions().at(0)->isEnabled() && menu.actions().at(1)->isEnabled());
+
+    context.clearHistory();
+    context.processPendingChanges();
+
+    QVERIFY(!menu.actions().at(0)->isEnabled() && !menu.actions().at(1)->isEnabled());
+    QCOMPARE(menu.actions().at(0)->iconText(), u"Annuler"_s);
+    QCOMPARE(menu.actions().at(1)->iconText(), u"Rétablir"_s);
 }
 
 void EditCommandsTest::withoutATextFieldTheStockIsMeant()
