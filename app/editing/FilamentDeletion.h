@@ -17,7 +17,8 @@ class StoreContext;
 QString deletionQuestion(const Filament& filament);
 
 /// Asks over the window of `parent` whether the filament is to be deleted; when it is, deletes it
-/// as one action of the user and calls `deleted`. Without such a filament nothing is asked.
+/// as one action of the user and calls `deleted`, also when it left the stock before the answer.
+/// Without such a filament nothing is asked.
 void askToDelete(StoreContext& context, FilamentId id, QWidget* parent,
     const std::function<void()>& deleted = {});
 
