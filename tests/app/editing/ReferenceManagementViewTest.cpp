@@ -1,24 +1,17 @@
 #include "app/editing/ReferenceManagementView.h"
 
-#include "app/editing/DuplicateNameHint.h"
-#include "app/editing/IconPicker.h"
-#include "app/editing/ReferenceListView.h"
-#include "app/editing/ReferenceSheet.h"
-#include "app/ui/Alert.h"
-#include "app/ui/ThemeService.h"
-#include "core/model/StoreContext.h"
+#include "tests/app/editing/ReferenceScreenFixture.h"
 #include "tests/support/AccessibleTree.h"
-#include "tests/support/MemoryStock.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QAbstractItemModelTester>
 #include <QtTest/QTest>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QToolTip>
 
 using namespace reelhouse;
+using reelhouse::tests::ReferenceScreenFixture;
 using namespace Qt::StringLiterals;
 
 class ReferenceManagementViewTest final : public QObject {
@@ -28,16 +21,6 @@ private slots:
     void anEmptyListSaysSo();
     void rowsShowNameAndUsage();
     void theListIsLive();
-    void aNameIsAddedTrimmed();
-    void aTakenNameIsRefused();
-    void cancellingAddsNothingAndTheNextSheetIsEmpty();
-    void aTypeIsAddedWithItsIcon();
-    void f2RenamesTheSelection();
-    void cancellingKeepsTheIcon();
-    void aVeryLongNameSurvivesANewIcon();
-    void theEditSheetClosesWhenItsEntryIsGone();
-    void theOpenSheetFollowsTheList();
-    void aConfirmedSheetDoesNotRefuseItsOwnName();
     void deleteAsksFirst_data();
     void deleteAsksFirst();
     void theContextMenuEditsAndDeletes();
@@ -45,99 +28,10 @@ private slots:
     void theArrowKeysGoOnWhereARowWasDeleted();
     void theSelectionHoldsWhenTheListChanges();
     void sheetsGoWithTheirScreen();
-    void sheetsHaveTheirWidths();
     void everyControlHasAName_data();
     void everyControlHasAName();
     void aLongNameIsCutAndToldInATip();
 };
-
-namespace {
-
-struct ReferenceScreenFixture {
-    explicit ReferenceScreenFixture(ReferenceKind kind)
-        : screen(std::make_unique<ReferenceManagementView>(context, kind, nullptr))
-    {
-        screen->resize(1080, 800);
-        screen->show();
-    }
-
-    template <class T>
-    T& add(const QString& name, int filaments = 0)
-    {
-        T& entry = context.insert(std::make_unique<T>(name));
-        for (int number = 0; number < filaments; ++number) {
-            auto filament = std::make_unique<Filament>(
-                nullptr, nullptr, nullptr, nullptr, 2, 0, u"#43A047"_s, QString(), QString());
-            if constexpr (std::is_same_v<T, Brand>)
-                filament->setBrand(&entry);
-            context.insert(std::move(filament));
-        }
-        context.processPendingChanges();
-        return entry;
-    }
-
-    ReferenceListView& list() const { return *screen->findChild<ReferenceListView*>(); }
-    QStringList rows() const
-    {
-        QStringList texts;
-        for (int row = 0; row < list().model()->rowCount(); ++row)
-            texts += list().model()->index(row, 0).data(Qt::AccessibleTextRole).toString();
-        return texts;
-    }
-    void select(int row) const { list().setCurrentIndex(list().model()->index(row, 0)); }
-    /// Once the window is active: a shortcut works in no other.
-    void press(Qt::Key key) const
-    {
-        QVERIFY(QTest::qWaitForWindowActive(screen.get()));
-        list().setFocus();
-        QTest::keyClick(&list(), key);
-    }
-    bool shows(const QString& text) const
-    {
-        const auto labels = screen->findChildren<QLabel*>();
-        return std::ranges::any_of(labels,
-            [&](const QLabel* label) { return label->isVisible() && label->text() == text; });
-    }
-    static QPushButton& button(const QWidget& parent, const QString& text)
-    {
-        const auto buttons = parent.findChildren<QPushButton*>();
-        const auto found = std::ranges::find(buttons, text, &QPushButton::text);
-        Q_ASSERT(found != buttons.end());
-        return **found;
-    }
-    ReferenceSheet& openAddSheet(const QString& command)
-    {
-        button(*screen, command).click();
-        return *sheet();
-    }
-    ReferenceSheet* sheet() const
-    {
-        const auto sheets = screen->findChildren<ReferenceSheet*>();
-        const auto open = std::ranges::find_if(sheets, &QWidget::isVisible);
-        return open == sheets.end() ? nullptr : *open;
-    }
-    Alert* alert() const
-    {
-        const auto alerts = screen->findChildren<Alert*>();
-        const auto open = std::ranges::find_if(alerts, &QWidget::isVisible);
-        return open == alerts.end() ? nullptr : *open;
-    }
-
-    std::unique_ptr<StoreContainer> stock = tests::makeMemoryStock();
-    StoreContext& context = stock->context();
-    std::unique_ptr<ReferenceManagementView> screen;
-};
-
-void type(const ReferenceSheet& sheet, const QString& text)
-{
-    auto* field = sheet.findChild<QLineEdit*>();
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClick(field, Qt::Key_Delete);
-    QTest::keyClicks(field, text);
-}
-
-} // namespace
 
 void ReferenceManagementViewTest::anEmptyListSaysSo()
 {
@@ -182,177 +76,6 @@ void ReferenceManagementViewTest::theListIsLive()
     QCOMPARE(fixture.rows(), QStringList{u""_s}); // not delivered yet
     fixture.context.processPendingChanges();
     QCOMPARE(fixture.rows(), QStringList());
-}
-
-void ReferenceManagementViewTest::aNameIsAddedTrimmed()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Brand);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter une marque"_s);
-    const QPushButton& confirm = ReferenceScreenFixture::button(sheet, u"Ajouter"_s);
-    QCOMPARE(sheet.windowTitle(), u"Nouvelle marque"_s);
-    QCOMPARE(sheet.findChild<QLineEdit*>()->placeholderText(), u"Nom de la marque"_s);
-    QVERIFY(sheet.findChild<QLineEdit*>()->text().isEmpty());
-    QVERIFY(!confirm.isEnabled());
-
-    type(sheet, u"   "_s);
-    QVERIFY(!confirm.isEnabled());
-    QVERIFY(!sheet.findChild<DuplicateNameHint*>()->isVisible());
-
-    type(sheet, u"  Sunlu "_s);
-    QVERIFY(confirm.isEnabled());
-    QTest::keyClick(sheet.findChild<QLineEdit*>(), Qt::Key_Return);
-
-    QCOMPARE(fixture.sheet(), nullptr);
-    QCOMPARE(fixture.context.fetchAll<Brand>().front()->name(), u"Sunlu"_s);
-    QCOMPARE(fixture.context.undoActionName(), u"Ajouter une marque"_s);
-    fixture.context.processPendingChanges();
-    QVERIFY(!fixture.context.hasUnsavedChanges());
-}
-
-void ReferenceManagementViewTest::aTakenNameIsRefused()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Type);
-    fixture.add<FilamentType>(u"PLA"_s);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter un type"_s);
-    const auto* hint = sheet.findChild<DuplicateNameHint*>();
-    const QPushButton& confirm = ReferenceScreenFixture::button(sheet, u"Ajouter"_s);
-
-    for (const QString& name : {u"pla"_s, u"PLA "_s}) {
-        type(sheet, name);
-        QVERIFY(hint->isVisible());
-        QCOMPARE(hint->text(), u"Ce nom existe déjà."_s);
-        QVERIFY(!confirm.isEnabled());
-        QTest::keyClick(sheet.findChild<QLineEdit*>(), Qt::Key_Return);
-        QVERIFY(fixture.sheet());
-    }
-    type(sheet, u"PLA+"_s);
-    QVERIFY(!hint->isVisible());
-    QVERIFY(confirm.isEnabled());
-    QCOMPARE(fixture.context.count<FilamentType>(), 1);
-}
-
-void ReferenceManagementViewTest::cancellingAddsNothingAndTheNextSheetIsEmpty()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Location);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter un lieu"_s);
-    type(sheet, u"Cave"_s);
-
-    ReferenceScreenFixture::button(sheet, u"Annuler"_s).click();
-    QCOMPARE(fixture.sheet(), nullptr);
-    QCOMPARE(fixture.context.count<Location>(), 0);
-
-    const ReferenceSheet& next = fixture.openAddSheet(u"Ajouter un lieu"_s);
-    QCOMPARE(next.findChild<QLineEdit*>()->text(), QString());
-    QTest::keyClick(next.findChild<QLineEdit*>(), Qt::Key_Escape);
-    QCOMPARE(fixture.sheet(), nullptr);
-}
-
-void ReferenceManagementViewTest::aTypeIsAddedWithItsIcon()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Type);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter un type"_s);
-    QCOMPARE(sheet.findChild<IconPicker*>()->selection(), u"cube.fill"_s);
-    type(sheet, u"PLA"_s);
-    sheet.findChildren<IconCell*>().at(9)->click();
-    ReferenceScreenFixture::button(sheet, u"Ajouter"_s).click();
-
-    const FilamentType& added = *fixture.context.fetchAll<FilamentType>().front();
-    QCOMPARE(added.name(), u"PLA"_s);
-    QCOMPARE(added.iconName(), u"leaf.fill"_s);
-    const ReferenceSheet& next = fixture.openAddSheet(u"Ajouter un type"_s);
-    QCOMPARE(next.findChild<IconPicker*>()->selection(), u"cube.fill"_s);
-}
-
-void ReferenceManagementViewTest::f2RenamesTheSelection()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Brand);
-    fixture.add<Brand>(u"Bambu"_s);
-    fixture.add<Brand>(u"Sunlu"_s);
-    fixture.select(0);
-
-    fixture.press(Qt::Key_F2);
-    const ReferenceSheet& sheet = *fixture.sheet();
-    QCOMPARE(sheet.windowTitle(), u"Modifier la marque"_s);
-    QCOMPARE(sheet.findChild<QLineEdit*>()->text(), u"Bambu"_s);
-    type(sheet, u"sunlu"_s);
-    QVERIFY(!ReferenceScreenFixture::button(sheet, u"Enregistrer"_s).isEnabled());
-    type(sheet, u"bambu"_s);
-    QTest::keyClick(sheet.findChild<QLineEdit*>(), Qt::Key_Return);
-
-    QCOMPARE(fixture.context.fetchAll<Brand>().front()->name(), u"bambu"_s);
-    QCOMPARE(fixture.context.undoActionName(), u"Modifier la marque"_s);
-}
-
-void ReferenceManagementViewTest::cancellingKeepsTheIcon()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Type);
-    FilamentType& pla = fixture.add<FilamentType>(u"PLA"_s);
-    fixture.select(0);
-    fixture.press(Qt::Key_F2);
-
-    fixture.sheet()->findChildren<IconCell*>().at(4)->click();
-    QTRY_COMPARE(QApplication::activeWindow(), fixture.sheet());
-    QTest::keyClick(fixture.sheet(), Qt::Key_Escape, Qt::ControlModifier);
-
-    QCOMPARE(fixture.sheet(), nullptr);
-    QCOMPARE(pla.iconName(), u"cube.fill"_s);
-    QCOMPARE(fixture.context.undoActionName(), QString());
-}
-
-void ReferenceManagementViewTest::aVeryLongNameSurvivesANewIcon()
-{
-    const QString name(40000, u'n');
-    ReferenceScreenFixture fixture(ReferenceKind::Type);
-    FilamentType& type = fixture.add<FilamentType>(name);
-    fixture.select(0);
-    fixture.press(Qt::Key_F2);
-
-    fixture.sheet()->findChildren<IconCell*>().at(4)->click();
-    ReferenceScreenFixture::button(*fixture.sheet(), u"Enregistrer"_s).click();
-
-    QCOMPARE(type.iconName(), u"hexagon.fill"_s);
-    QVERIFY(type.name() == name);
-}
-
-void ReferenceManagementViewTest::theEditSheetClosesWhenItsEntryIsGone()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Range);
-    FilamentRange& range = fixture.add<FilamentRange>(u"Mate"_s);
-    fixture.select(0);
-    fixture.press(Qt::Key_F2);
-    QVERIFY(fixture.sheet());
-
-    fixture.context.remove(range);
-    fixture.context.processPendingChanges();
-
-    QCOMPARE(fixture.sheet(), nullptr);
-}
-
-void ReferenceManagementViewTest::theOpenSheetFollowsTheList()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Brand);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter une marque"_s);
-    type(sheet, u"Sunlu"_s);
-    QVERIFY(ReferenceScreenFixture::button(sheet, u"Ajouter"_s).isEnabled());
-
-    fixture.add<Brand>(u"SUNLU"_s);
-
-    QVERIFY(sheet.findChild<DuplicateNameHint*>()->isVisible());
-    QVERIFY(!ReferenceScreenFixture::button(sheet, u"Ajouter"_s).isEnabled());
-}
-
-void ReferenceManagementViewTest::aConfirmedSheetDoesNotRefuseItsOwnName()
-{
-    ReferenceScreenFixture fixture(ReferenceKind::Brand);
-    const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter une marque"_s);
-    const QPointer<DuplicateNameHint> hint(sheet.findChild<DuplicateNameHint*>());
-    type(sheet, u"Sunlu"_s);
-
-    ReferenceScreenFixture::button(sheet, u"Ajouter"_s).click();
-    fixture.context.processPendingChanges(); // before the closed sheet is deleted
-
-    QCOMPARE(fixture.context.count<Brand>(), 1);
-    QVERIFY(hint->isHidden());
 }
 
 void ReferenceManagementViewTest::deleteAsksFirst_data()
@@ -464,15 +187,6 @@ void ReferenceManagementViewTest::sheetsGoWithTheirScreen()
     fixture.screen.reset();
 
     QVERIFY(sheet.isNull());
-}
-
-void ReferenceManagementViewTest::sheetsHaveTheirWidths()
-{
-    ReferenceScreenFixture types(ReferenceKind::Type);
-    QCOMPARE(types.openAddSheet(u"Ajouter un type"_s).panelRect().width(), 380);
-    ReferenceScreenFixture ranges(ReferenceKind::Range);
-    QCOMPARE(ranges.openAddSheet(u"Ajouter une gamme"_s).panelRect().width(), 320);
-    QCOMPARE(ranges.sheet()->findChild<IconPicker*>(), nullptr);
 }
 
 void ReferenceManagementViewTest::everyControlHasAName_data()
