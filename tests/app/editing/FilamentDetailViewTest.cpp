@@ -24,6 +24,7 @@ private slots:
     void itsTextsAreExact();
     void savingWaitsForAChange();
     void itSavesWhatItShows();
+    void returnSaves_data();
     void returnSaves();
     void returnWithoutAChangeDoesNothing();
     void cancellingWritesNothing_data();
@@ -180,15 +181,28 @@ void FilamentDetailViewTest::itSavesWhatItShows()
     QCOMPARE(fixture.context.undoActionName(), u"Modifier un filament"_s);
 }
 
+void FilamentDetailViewTest::returnSaves_data()
+{
+    QTest::addColumn<bool>("isInColorName");
+
+    QTest::newRow("in a stepper") << false;
+    QTest::newRow("in the colour's name") << true;
+}
+
 void FilamentDetailViewTest::returnSaves()
 {
+    QFETCH(bool, isInColorName);
     DetailFixture fixture;
     const EditorControls controls = fixture.open();
     QVERIFY(QTest::qWaitForWindowActive(fixture.sheet.get()));
     controls.spools()->setFocus();
     QTest::keyClick(controls.spools(), Qt::Key_7);
+    QWidget* pressedIn = controls.spools();
+    if (isInColorName)
+        pressedIn = controls.colorName();
+    pressedIn->setFocus();
 
-    QTest::keyClick(controls.spools(), Qt::Key_Return);
+    QTest::keyClick(pressedIn, Qt::Key_Return);
 
     QVERIFY(!fixture.sheet->isVisible());
     QCOMPARE(fixture.filament()->spoolsCount(), 7);

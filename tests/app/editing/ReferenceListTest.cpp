@@ -1,5 +1,6 @@
 #include "app/editing/ReferenceList.h"
 
+#include "app/editing/PickerEntries.h"
 #include "core/model/StoreContext.h"
 #include "tests/support/MemoryStock.h"
 #include "tests/support/RecordingStore.h"
@@ -15,6 +16,7 @@ class ReferenceListTest final : public QObject {
 
 private slots:
     void entriesAreSortedLikeFiles();
+    void equalNamesKeepTheirOrder();
     void namesAreComparedLoosely_data();
     void namesAreComparedLoosely();
     void theEditedEntryMayKeepItsName();
@@ -60,6 +62,26 @@ void ReferenceListTest::entriesAreSortedLikeFiles()
 
     QCOMPARE(fixture.names(),
         QStringList({u"abri"_s, u"Étagère"_s, u"Tiroir 2"_s, u"tiroir 10"_s, u"Zone"_s}));
+}
+
+void ReferenceListTest::equalNamesKeepTheirOrder()
+{
+    ReferenceListFixture fixture(ReferenceKind::Range);
+    QStringList expected;
+    // More than a sort that is not stable leaves in order by chance.
+    for (int number = 0; number < 40; ++number) {
+        QString name = u"pla mat"_s;
+        name[number % 7] = name[number % 7].toUpper();
+        expected += name;
+        fixture.list.add(name);
+        fixture.list.add(u"Autre %1"_s.arg(number));
+    }
+
+    QCOMPARE(fixture.names().last(40), expected);
+    QStringList inPicker;
+    for (const PickerEntry& entry : pickerEntries(fixture.context, ReferenceKind::Range))
+        inPicker += entry.name;
+    QCOMPARE(inPicker.last(40), expected);
 }
 
 void ReferenceListTest::namesAreComparedLoosely_data()

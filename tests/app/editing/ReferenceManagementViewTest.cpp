@@ -1,5 +1,7 @@
 #include "app/editing/ReferenceManagementView.h"
 
+#include "app/ui/IconView.h"
+#include "app/ui/Symbol.h"
 #include "tests/app/editing/ReferenceScreenFixture.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/TestMain.h"
@@ -19,6 +21,8 @@ class ReferenceManagementViewTest final : public QObject {
 
 private slots:
     void anEmptyListSaysSo();
+    void anEmptyListShowsItsSymbol_data();
+    void anEmptyListShowsItsSymbol();
     void rowsShowNameAndUsage();
     void theListIsLive();
     void deleteAsksFirst_data();
@@ -45,6 +49,37 @@ void ReferenceManagementViewTest::anEmptyListSaysSo()
     fixture.add<Brand>(u"Sunlu"_s);
     QVERIFY(!fixture.shows(u"Aucune marque"_s));
     QVERIFY(fixture.list().isVisible());
+}
+
+void ReferenceManagementViewTest::anEmptyListShowsItsSymbol_data()
+{
+    QTest::addColumn<ReferenceKind>("kind");
+    QTest::addColumn<QString>("symbol");
+
+    QTest::newRow("types") << ReferenceKind::Type << u"square.3.layers.3d.down.right"_s;
+    QTest::newRow("brands") << ReferenceKind::Brand << u"tag.fill"_s;
+    QTest::newRow("ranges") << ReferenceKind::Range << u"list.star"_s;
+    QTest::newRow("locations") << ReferenceKind::Location << u"map.fill"_s;
+}
+
+void ReferenceManagementViewTest::anEmptyListShowsItsSymbol()
+{
+    QFETCH(ReferenceKind, kind);
+    QFETCH(QString, symbol);
+    ReferenceScreenFixture fixture(kind);
+    auto* icon = fixture.screen->findChild<IconView*>();
+    QVERIFY(icon->isVisible());
+
+    IconView expected(symbolIcon(symbol), 32);
+    expected.setTile(76, 22, &Theme::sunken);
+    expected.resize(76, 76);
+
+    const QRect inTile(20, 20, 36, 36);
+    QCOMPARE(icon->size(), QSize(76, 76));
+    const auto seen = [&](IconView& view) {
+        return view.grab(inTile).toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    QCOMPARE(seen(*icon), seen(expected));
 }
 
 void ReferenceManagementViewTest::rowsShowNameAndUsage()
@@ -127,14 +162,19 @@ void ReferenceManagementViewTest::theContextMenuEditsAndDeletes()
     QApplication::sendEvent(fixture.list().viewport(), &event);
     auto* menu = fixture.list().findChild<QMenu*>();
 
-    QStringList texts;
-    for (const QAction* action : menu->actions()) {
-        texts += action->text();
-        QVERIFY(!action->icon().isNull());
-    }
-    QCOMPARE(texts, QStringList({u"Modifier"_s, u"Supprimer"_s}));
+    QStringList entries;
+    for (const QAction* action : menu->actions())
+        entries += action->icon().name() + u' ' + action->text();
+    QCOMPARE(entries, QStringList({u"pencil Modifier"_s, u"trash Supprimer"_s}));
     menu->actions().at(0)->trigger();
     QCOMPARE(fixture.sheet()->findChild<QLineEdit*>()->text(), u"Sunlu"_s);
+    fixture.sheet()->reject();
+
+    menu->actions().at(1)->trigger();
+    QCOMPARE(fixture.alert()->windowTitle(), u"Supprimer cette marque ?"_s);
+    QTest::keyClick(fixture.alert(), Qt::Key_Escape);
+    QCOMPARE(fixture.alert(), nullptr);
+    QCOMPARE(fixture.context.count<Brand>(), 2);
 }
 
 void ReferenceManagementViewTest::theKeysAskNothingWithoutASelection()

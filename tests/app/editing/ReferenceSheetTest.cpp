@@ -2,6 +2,9 @@
 
 #include "app/editing/DuplicateNameHint.h"
 #include "app/editing/IconPicker.h"
+#include "app/ui/InputState.h"
+#include "app/ui/Palette.h"
+#include "app/ui/TextStyle.h"
 #include "tests/app/editing/ReferenceScreenFixture.h"
 #include "tests/support/TestMain.h"
 
@@ -22,12 +25,15 @@ private slots:
     void cancellingAddsNothingAndTheNextSheetIsEmpty();
     void aTypeIsAddedWithItsIcon();
     void f2RenamesTheSelection();
+    void renamingKeepsTheIcon();
     void cancellingKeepsTheIcon();
     void aVeryLongNameSurvivesANewIcon();
     void theEditSheetClosesWhenItsEntryIsGone();
     void theOpenSheetFollowsTheList();
     void aConfirmedSheetDoesNotRefuseItsOwnName();
     void sheetsHaveTheirWidths();
+    void theTitleIsAHeadlineInsideThePadding_data();
+    void theTitleIsAHeadlineInsideThePadding();
 };
 
 void ReferenceSheetTest::aNameIsAddedTrimmed()
@@ -61,18 +67,23 @@ void ReferenceSheetTest::aTakenNameIsRefused()
     fixture.add<FilamentType>(u"PLA"_s);
     const ReferenceSheet& sheet = fixture.openAddSheet(u"Ajouter un type"_s);
     const auto* hint = sheet.findChild<DuplicateNameHint*>();
+    const auto* field = sheet.findChild<QLineEdit*>();
     const QPushButton& confirm = ReferenceScreenFixture::button(sheet, u"Ajouter"_s);
 
     for (const QString& name : {u"pla"_s, u"PLA "_s}) {
         typeName(sheet, name);
         QVERIFY(hint->isVisible());
         QCOMPARE(hint->text(), u"Ce nom existe déjà."_s);
+        QCOMPARE(hint->font(), fontOf(TextStyle::Caption));
+        QCOMPARE(hint->foregroundRole(), roleOf(TextTone::Red));
+        QVERIFY(inputState(field).isRefused);
         QVERIFY(!confirm.isEnabled());
         QTest::keyClick(sheet.findChild<QLineEdit*>(), Qt::Key_Return);
         QVERIFY(fixture.sheet());
     }
     typeName(sheet, u"PLA+"_s);
     QVERIFY(!hint->isVisible());
+    QVERIFY(!inputState(field).isRefused);
     QVERIFY(confirm.isEnabled());
     QCOMPARE(fixture.context.count<FilamentType>(), 1);
 }
@@ -127,6 +138,22 @@ void ReferenceSheetTest::f2RenamesTheSelection()
 
     QCOMPARE(fixture.context.fetchAll<Brand>().front()->name(), u"bambu"_s);
     QCOMPARE(fixture.context.undoActionName(), u"Modifier la marque"_s);
+}
+
+void ReferenceSheetTest::renamingKeepsTheIcon()
+{
+    ReferenceScreenFixture fixture(ReferenceKind::Type);
+    FilamentType& pla = fixture.add<FilamentType>(u"PLA"_s);
+    pla.setIconName(u"leaf.fill"_s);
+    fixture.select(0);
+    fixture.press(Qt::Key_F2);
+    QCOMPARE(fixture.sheet()->findChild<IconPicker*>()->selection(), u"leaf.fill"_s);
+
+    typeName(*fixture.sheet(), u"PETG"_s);
+    ReferenceScreenFixture::button(*fixture.sheet(), u"Enregistrer"_s).click();
+
+    QCOMPARE(pla.name(), u"PETG"_s);
+    QCOMPARE(pla.iconName(), u"leaf.fill"_s);
 }
 
 void ReferenceSheetTest::cancellingKeepsTheIcon()
@@ -208,6 +235,38 @@ void ReferenceSheetTest::sheetsHaveTheirWidths()
     ReferenceScreenFixture ranges(ReferenceKind::Range);
     QCOMPARE(ranges.openAddSheet(u"Ajouter une gamme"_s).panelRect().width(), 320);
     QCOMPARE(ranges.sheet()->findChild<IconPicker*>(), nullptr);
+}
+
+void ReferenceSheetTest::theTitleIsAHeadlineInsideThePadding_data()
+{
+    QTest::addColumn<bool>("edits");
+    QTest::addColumn<QString>("expectedTitle");
+
+    QTest::newRow("a new entry") << false << u"Nouveau lieu"_s;
+    QTest::newRow("an entry to edit") << true << u"Modifier le lieu"_s;
+}
+
+void ReferenceSheetTest::theTitleIsAHeadlineInsideThePadding()
+{
+    QFETCH(bool, edits);
+    QFETCH(QString, expectedTitle);
+    ReferenceScreenFixture fixture(ReferenceKind::Location);
+    fixture.add<Location>(u"Cave"_s);
+    fixture.select(0);
+    if (edits)
+        fixture.press(Qt::Key_F2);
+    else
+        fixture.openAddSheet(u"Ajouter un lieu"_s);
+
+    const ReferenceSheet& sheet = *fixture.sheet();
+    const auto labels = sheet.findChildren<QLabel*>();
+    const auto title = std::ranges::find(labels, expectedTitle, &QLabel::text);
+    QVERIFY(title != labels.end());
+    QCOMPARE((*title)->font(), fontOf(TextStyle::Headline));
+    const QPoint corner = sheet.panelRect().topLeft();
+    QCOMPARE((*title)->mapTo(&sheet, QPoint()), corner + QPoint(16, 16));
+    const auto* field = sheet.findChild<QLineEdit*>();
+    QCOMPARE(field->mapTo(&sheet, QPoint(field->width(), 0)).x(), corner.x() + 320 - 16);
 }
 
 REELHOUSE_TEST(ReferenceSheetTest)

@@ -190,15 +190,16 @@ void SpoolActionsTest::theMenuActsOnTheTarget()
 
     QStringList entries;
     for (const QAction* entry : menu.actions()) {
-        entries << (entry->isSeparator() ? u"-"_s : entry->text());
+        entries << (entry->isSeparator() ? u"-"_s : entry->icon().name() + u' ' + entry->text());
         const bool needsNoTarget = entry == actions.additionCommand();
         QVERIFY(entry->isSeparator() || entry->isEnabled() == needsNoTarget);
     }
     QCOMPARE(entries,
-        (QStringList{u"Ajouter un filament"_s, u"-"_s, u"Ajouter une bobine"_s,
-            u"Retirer une bobine"_s, u"-"_s, u"Ajouter une bobine entamée"_s,
-            u"Supprimer une bobine entamée"_s, u"-"_s, u"Dupliquer le filament"_s, u"-"_s,
-            u"Supprimer"_s}));
+        (QStringList{u"plus Ajouter un filament"_s, u"-"_s, u"plus.circle Ajouter une bobine"_s,
+            u"minus.circle Retirer une bobine"_s, u"-"_s,
+            u"plus.circle Ajouter une bobine entamée"_s,
+            u"minus.circle Supprimer une bobine entamée"_s, u"-"_s,
+            u"doc.on.doc Dupliquer le filament"_s, u"-"_s, u"trash Supprimer"_s}));
     actions.setTarget(filament.id());
     menu.actions().at(2)->trigger();
     menu.actions().at(5)->trigger();

@@ -173,9 +173,12 @@ private:
         } else if (edit.kind == RandomEdit::Kind::SetTexts) {
             filament.setNotes(word(edit.value));
             filament.setColorName(word(edit.reference));
+            filament.setColorHex(word(edit.target));
+            filament.setDateAdded(QDateTime::fromMSecsSinceEpoch(edit.value));
         } else {
             filament.setType(any<FilamentType>(edit.value));
             filament.setBrand(any<Brand>(edit.reference));
+            filament.setRange(any<FilamentRange>(edit.target));
             filament.setLocation(any<Location>(edit.value));
         }
     }

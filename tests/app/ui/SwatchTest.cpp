@@ -21,6 +21,8 @@ private slots:
     void aColorLikeItsGroundGetsAStrongerRing_data();
     void aColorLikeItsGroundGetsAStrongerRing();
     void anAlphaCodeLiesOverACheckerboard();
+    void aFieldIsOutlined_data();
+    void aFieldIsOutlined();
     void textOnAFieldStandsOut_data();
     void textOnAFieldStandsOut();
 };
@@ -191,6 +193,44 @@ void SwatchTest::anAlphaCodeLiesOverACheckerboard()
     QCOMPARE(image.pixelColor(9, 9), image.pixelColor(17, 9));
     QVERIFY(image.pixelColor(9, 9) != image.pixelColor(13, 9));
     QVERIFY(image.pixelColor(9, 9) != image.pixelColor(9, 13));
+}
+
+void SwatchTest::aFieldIsOutlined_data()
+{
+    QTest::addColumn<QColor>("color");
+    QTest::addColumn<QColor>("ground");
+    QTest::addColumn<QColor>("outline");
+
+    // Gray at 35 % over the colour, at 55 % where the colour is like its ground.
+    QTest::newRow("blue on white")
+        << QColor(0x1E88E5) << QColor(0xFFFFFF) << QColor(0x40, 0x85, 0xC2);
+    QTest::newRow("black on white") << QColor(Qt::black) << QColor(0xFFFFFF) << QColor(0x2D2D2D);
+    QTest::newRow("white on white") << QColor(0xFFFFFF) << QColor(0xFFFFFF) << QColor(0xB9B9B9);
+    QTest::newRow("black on dark") << QColor(Qt::black) << QColor(0x212226) << QColor(0x464646);
+}
+
+void SwatchTest::aFieldIsOutlined()
+{
+    QFETCH(QColor, color);
+    QFETCH(QColor, ground);
+    QFETCH(QColor, outline);
+    QImage image(60, 40, QImage::Format_RGB32);
+    image.fill(ground);
+    QPainter painter(&image);
+
+    paintColorField(painter, QRectF(0, 0, 60, 40), 10, color, ground);
+    painter.end();
+
+    for (const QPoint& edge : {QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20)}) {
+        const QColor found = image.pixelColor(edge);
+        QVERIFY2(qAbs(found.red() - outline.red()) <= 2
+                && qAbs(found.green() - outline.green()) <= 2
+                && qAbs(found.blue() - outline.blue()) <= 2,
+            qPrintable(found.name() + u" instead of "_s + outline.name()));
+    }
+    // One pixel wide.
+    for (const QPoint& inside : {QPoint(30, 1), QPoint(30, 38), QPoint(1, 20), QPoint(58, 20)})
+        QCOMPARE(image.pixelColor(inside), color);
 }
 
 void SwatchTest::textOnAFieldStandsOut_data()
