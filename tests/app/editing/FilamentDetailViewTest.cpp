@@ -42,8 +42,6 @@ private slots:
     void theTitleSaysWhatIsEdited_data();
     void theTitleSaysWhatIsEdited();
     void aWrongColorCodeIsBlackAndKept();
-    void aCutColorCodeIsToldInATip();
-    void aVeryLongColorNameIsNotCut();
 };
 
 namespace {
@@ -454,35 +452,6 @@ void FilamentDetailViewTest::aWrongColorCodeIsBlackAndKept()
     controls.button(u"Enregistrer"_s)->click();
 
     QCOMPARE(fixture.filament()->colorHex(), u"rouge\nvif "_s.repeated(20));
-}
-
-void FilamentDetailViewTest::aCutColorCodeIsToldInATip()
-{
-    DetailFixture fixture;
-    fixture.filament()->setColorHex(u"<b>rouge\nvif "_s + QString(200, u'W'));
-    const EditorControls controls = fixture.open();
-    const QLabel* code = controls.colorCode();
-    QVERIFY(code->text().startsWith(u"<b>rouge vif W"_s));
-    QVERIFY(code->text().endsWith(u'…'));
-    QCOMPARE(code->toolTip(), u"<p>&lt;b&gt;rouge vif "_s + QString(200, u'W') + u"</p>"_s);
-
-    emit controls.color()->colorEdited(QColor(0x112233));
-
-    QCOMPARE(code->text(), u"#112233"_s);
-    QCOMPARE(code->toolTip(), QString());
-}
-
-void FilamentDetailViewTest::aVeryLongColorNameIsNotCut()
-{
-    const QString name(40000, u'n');
-    DetailFixture fixture;
-    fixture.filament()->setColorName(name);
-    const EditorControls controls = fixture.open();
-
-    QTest::keyClick(controls.colorName(), Qt::Key_X);
-    controls.button(u"Enregistrer"_s)->click();
-
-    QVERIFY(fixture.filament()->colorName() == u'x' + name);
 }
 
 REELHOUSE_TEST(FilamentDetailViewTest)
