@@ -11,8 +11,7 @@ namespace reelhouse {
 QString notesOfCopy(const Filament& original)
 {
     QStringList names;
-    for (const ReferenceKind kind : {ReferenceKind::Type, ReferenceKind::Brand,
-             ReferenceKind::Range, ReferenceKind::Location}) {
+    for (const ReferenceKind kind : everyReferenceKind) {
         if (const FilamentContainer* entry = original.reference(kind))
             names += entry->name();
     }

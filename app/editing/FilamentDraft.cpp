@@ -11,9 +11,6 @@ namespace reelhouse {
 
 namespace {
 
-constexpr std::array everyReference{
-    ReferenceKind::Type, ReferenceKind::Brand, ReferenceKind::Range, ReferenceKind::Location};
-
 template <class T>
 T* chosenEntry(StoreContext& context, const FilamentDraft& draft, ReferenceKind kind)
 {
@@ -21,21 +18,6 @@ T* chosenEntry(StoreContext& context, const FilamentDraft& draft, ReferenceKind 
 }
 
 } // namespace
-
-FilamentContainer* findReference(StoreContext& context, ReferenceKind kind, qint64 id)
-{
-    switch (kind) {
-    case ReferenceKind::Type:
-        return context.find(FilamentTypeId{id});
-    case ReferenceKind::Brand:
-        return context.find(BrandId{id});
-    case ReferenceKind::Range:
-        return context.find(FilamentRangeId{id});
-    case ReferenceKind::Location:
-        return context.find(LocationId{id});
-    }
-    Q_UNREACHABLE();
-}
 
 void FilamentDraft::setSpoolsCount(qint64 count)
 {
@@ -45,8 +27,8 @@ void FilamentDraft::setSpoolsCount(qint64 count)
 
 void FilamentDraft::forgetMissingReferences(StoreContext& context)
 {
-    for (const ReferenceKind kind : everyReference) {
-        if (!findReference(context, kind, reference(kind)))
+    for (const ReferenceKind kind : everyReferenceKind) {
+        if (!context.find(kind, reference(kind)))
             reference(kind) = 0;
     }
 }

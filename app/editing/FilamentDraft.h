@@ -44,7 +44,4 @@ void addFilament(StoreContext& context, const FilamentDraft& draft);
 /// happens. A failure to save is not told: the change stays pending and goes with the next save.
 void saveFilament(StoreContext& context, FilamentId id, const FilamentDraft& draft);
 
-/// The entry of a reference list with this identity, or null.
-FilamentContainer* findReference(StoreContext& context, ReferenceKind kind, qint64 id);
-
 } // namespace reelhouse

@@ -171,8 +171,7 @@ void FilamentForm::followStock()
 void FilamentForm::showReferences()
 {
     m_draft.forgetMissingReferences(m_context);
-    for (const ReferenceKind kind : {ReferenceKind::Type, ReferenceKind::Brand,
-             ReferenceKind::Range, ReferenceKind::Location}) {
+    for (const ReferenceKind kind : everyReferenceKind) {
         Picker* picker = m_pickers[size_t(kind)];
         picker->setEntries(pickerEntries(m_context, kind));
         picker->setChoice(m_draft.reference(kind));

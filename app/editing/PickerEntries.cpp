@@ -1,5 +1,6 @@
 #include "app/editing/PickerEntries.h"
 
+#include "core/model/EntryClass.h"
 #include "core/model/StoreContext.h"
 #include "core/text/NameOrder.h"
 
@@ -23,26 +24,12 @@ std::vector<PickerEntry> entriesOf(StoreContext& context)
     return entries;
 }
 
-std::vector<PickerEntry> entriesInStoreOrder(StoreContext& context, ReferenceKind kind)
-{
-    switch (kind) {
-    case ReferenceKind::Type:
-        return entriesOf<FilamentType>(context);
-    case ReferenceKind::Brand:
-        return entriesOf<Brand>(context);
-    case ReferenceKind::Range:
-        return entriesOf<FilamentRange>(context);
-    case ReferenceKind::Location:
-        return entriesOf<Location>(context);
-    }
-    Q_UNREACHABLE();
-}
-
 } // namespace
 
 std::vector<PickerEntry> pickerEntries(StoreContext& context, ReferenceKind kind)
 {
-    std::vector<PickerEntry> entries = entriesInStoreOrder(context, kind);
+    std::vector<PickerEntry> entries = withEntryClass(
+        kind, [&]<class T>(std::type_identity<T>) { return entriesOf<T>(context); });
     std::ranges::stable_sort(entries, FileBrowserOrder(), &PickerEntry::name);
     return entries;
 }

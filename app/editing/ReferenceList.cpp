@@ -1,34 +1,17 @@
 #include "app/editing/ReferenceList.h"
 
 #include "app/editing/ReferenceTexts.h"
+#include "core/model/EntryClass.h"
 #include "core/model/StoreContext.h"
 #include "core/text/Folding.h"
 #include "core/text/NameOrder.h"
 
 #include <algorithm>
 #include <functional>
-#include <type_traits>
 
 namespace reelhouse {
 
 namespace {
-
-/// Calls `action` with the class of the entries of a list.
-template <class Action>
-auto withEntryClass(ReferenceKind kind, Action action)
-{
-    switch (kind) {
-    case ReferenceKind::Type:
-        return action(std::type_identity<FilamentType>{});
-    case ReferenceKind::Brand:
-        return action(std::type_identity<Brand>{});
-    case ReferenceKind::Range:
-        return action(std::type_identity<FilamentRange>{});
-    case ReferenceKind::Location:
-        return action(std::type_identity<Location>{});
-    }
-    Q_UNREACHABLE();
-}
 
 QString trimmedName(const QString& typed)
 {
@@ -72,9 +55,7 @@ std::vector<ReferenceId> ReferenceList::sortedEntries() const
 
 FilamentContainer* ReferenceList::find(ReferenceId id) const
 {
-    return withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) -> FilamentContainer* {
-        return m_context.find(EntityId<T>{id.value});
-    });
+    return m_context.find(m_kind, id.value);
 }
 
 QString ReferenceList::symbol(const FilamentContainer& entry) const

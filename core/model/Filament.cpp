@@ -8,27 +8,6 @@ namespace reelhouse {
 namespace {
 
 template <class T>
-FilamentContainer* entityOrNone(StoreContext* context, qint64 id)
-{
-    return context && id != 0 ? context->find(EntityId<T>{id}) : nullptr;
-}
-
-FilamentContainer* referenceOrNone(StoreContext* context, ReferenceKind kind, qint64 id)
-{
-    switch (kind) {
-    case ReferenceKind::Type:
-        return entityOrNone<FilamentType>(context, id);
-    case ReferenceKind::Brand:
-        return entityOrNone<Brand>(context, id);
-    case ReferenceKind::Range:
-        return entityOrNone<FilamentRange>(context, id);
-    case ReferenceKind::Location:
-        return entityOrNone<Location>(context, id);
-    }
-    Q_UNREACHABLE();
-}
-
-template <class T>
 qint64 idOrZero(const T* entity)
 {
     return entity ? entity->id().value : 0;
@@ -64,8 +43,8 @@ Filament::Filament(Values stored)
 
 Filament::~Filament()
 {
-    for (int kind = 0; kind < referenceKindCount; ++kind)
-        unlink(ReferenceKind(kind));
+    for (const ReferenceKind kind : everyReferenceKind)
+        unlink(kind);
 }
 
 template <class Value>
@@ -151,10 +130,10 @@ void Filament::apply(const Values& from, const Values& to)
         setNotes(to.notes);
     if (from.dateAddedMs != to.dateAddedMs)
         set(m_dateAddedMs, to.dateAddedMs);
-    for (size_t kind = 0; kind < to.references.size(); ++kind) {
-        if (from.references[kind] != to.references[kind])
-            setReference(ReferenceKind(kind),
-                referenceOrNone(context(), ReferenceKind(kind), to.references[kind]));
+    for (const ReferenceKind kind : everyReferenceKind) {
+        const qint64 id = to.references[size_t(kind)];
+        if (from.references[size_t(kind)] != id)
+            setReference(kind, context() ? context()->find(kind, id) : nullptr);
     }
 }
 

@@ -13,7 +13,9 @@ class Filament;
 /// Which of a filament's four references.
 enum class ReferenceKind : quint8 { Type, Brand, Range, Location };
 
-inline constexpr int referenceKindCount = 4;
+inline constexpr std::array everyReferenceKind{
+    ReferenceKind::Type, ReferenceKind::Brand, ReferenceKind::Range, ReferenceKind::Location};
+inline constexpr int referenceKindCount = int(everyReferenceKind.size());
 
 /// What the four reference lists share: a name, and the filaments that refer to the entry.
 class FilamentContainer : public Entity {

@@ -1,5 +1,7 @@
 #include "core/model/StoreContext.h"
 
+#include "core/model/EntryClass.h"
+
 namespace reelhouse {
 
 namespace {
@@ -42,12 +44,19 @@ void StoreContext::remove(T& entity)
         return;
     willChange(entity);
     if constexpr (std::is_same_v<T, Filament>) {
-        for (int kind = 0; kind < referenceKindCount; ++kind)
-            entity.unlink(ReferenceKind(kind));
+        for (const ReferenceKind kind : everyReferenceKind)
+            entity.unlink(kind);
     } else {
         entity.releaseFilaments();
     }
     shelf<T>().table.remove(entity);
+}
+
+FilamentContainer* StoreContext::find(ReferenceKind kind, qint64 id)
+{
+    return withEntryClass(kind, [&]<class T>(std::type_identity<T>) -> FilamentContainer* {
+        return find(EntityId<T>{id});
+    });
 }
 
 template <class T>

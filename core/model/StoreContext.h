@@ -42,6 +42,8 @@ public:
     /// The entity with this identity, or null when there is none or it was removed.
     template <class T>
     T* find(EntityId<T> id);
+    /// The entry of a reference list with this identity, or null as well.
+    FilamentContainer* find(ReferenceKind kind, qint64 id);
     /// Every entity of one class in store order: by identity, which is the order of insertion.
     /// The span holds until the next insertion or removal; an element never changes hands.
     template <class T>
