@@ -2,9 +2,8 @@
 
 #include "app/editing/ReferenceTexts.h"
 #include "core/model/EntryClass.h"
-#include "core/model/StoreContext.h"
+#include "core/model/SortedByName.h"
 #include "core/text/Folding.h"
-#include "core/text/NameOrder.h"
 
 #include <algorithm>
 #include <functional>
@@ -27,11 +26,6 @@ void performAndSave(
     static_cast<void>(context.save());
 }
 
-struct NamedEntry {
-    ReferenceId id;
-    QString name;
-};
-
 } // namespace
 
 ReferenceList::ReferenceList(StoreContext& context, ReferenceKind kind)
@@ -42,14 +36,11 @@ ReferenceList::ReferenceList(StoreContext& context, ReferenceKind kind)
 
 std::vector<ReferenceId> ReferenceList::sortedEntries() const
 {
-    std::vector<NamedEntry> entries;
+    std::vector<ReferenceId> ids;
     withEntryClass(m_kind, [&]<class T>(std::type_identity<T>) {
-        for (const auto& entry : m_context.fetchAll<T>())
-            entries.push_back({{entry->id().value}, entry->name()});
+        for (const T* entry : sortedByName<T>(m_context))
+            ids.push_back({entry->id().value});
     });
-    std::ranges::stable_sort(entries, FileBrowserOrder(), &NamedEntry::name);
-    std::vector<ReferenceId> ids(entries.size());
-    std::ranges::transform(entries, ids.begin(), &NamedEntry::id);
     return ids;
 }
 

@@ -11,8 +11,7 @@
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "core/filters/SelectionCriteria.h"
-#include "core/model/StoreContext.h"
-#include "core/text/NameOrder.h"
+#include "core/model/SortedByName.h"
 #include "core/text/Plural.h"
 
 #include <QtGui/QActionGroup>
@@ -184,10 +183,8 @@ std::vector<FilterBarView::Choice> FilterBarView::referenceChoices(
         return Choice{title, symbol, m_selection.*reference == id, selection};
     };
     std::vector<Choice> choices{choice(u"Tous"_s, {}, {})};
-    for (const auto& entry : m_context.fetchAll<T>())
+    for (const T* entry : sortedByName<T>(m_context))
         choices.push_back(choice(entry->name(), choiceSymbol(*entry), entry->id()));
-    std::ranges::stable_sort(
-        choices.begin() + 1, choices.end(), FileBrowserOrder(), &Choice::title);
     return choices;
 }
 

@@ -67,4 +67,18 @@ bool FileBrowserOrder::operator()(const QString& left, const QString& right) con
     return m_collator.compare(left, right) < 0;
 }
 
+std::vector<size_t> fileBrowserOrder(const std::vector<QString>& names)
+{
+    const FileBrowserOrder order;
+    std::vector<QCollatorSortKey> keys;
+    keys.reserve(names.size());
+    for (const QString& name : names)
+        keys.push_back(order.keyOf(name));
+    std::vector<size_t> places(names.size());
+    std::iota(places.begin(), places.end(), 0);
+    std::ranges::stable_sort(
+        places, [&](size_t left, size_t right) { return keys[left].compare(keys[right]) < 0; });
+    return places;
+}
+
 } // namespace reelhouse

@@ -24,9 +24,14 @@ public:
     FileBrowserOrder();
 
     bool operator()(const QString& left, const QString& right) const;
+    /// What stands for a name that is compared often: keys compare faster than names, and alike.
+    QCollatorSortKey keyOf(const QString& name) const { return m_collator.sortKey(name); }
 
 private:
     QCollator m_collator;
 };
+
+/// The places of the names in that order; equal names keep the order in which they came.
+std::vector<size_t> fileBrowserOrder(const std::vector<QString>& names);
 
 } // namespace reelhouse
