@@ -97,7 +97,15 @@ FilamentForm::FilamentForm(StoreContext& context, FilamentFormKind kind, QWidget
         emit draftChanged();
     });
     connect(&context, &StoreContext::changed, this, &FilamentForm::followStock);
+    showEntries();
     setDraft({});
+}
+
+void FilamentForm::showEvent(QShowEvent* event)
+{
+    if (std::exchange(m_isStale, false))
+        followStock();
+    QWidget::showEvent(event);
 }
 
 void FilamentForm::addPickers(FormGroup& group, FilamentFormKind kind)
@@ -164,18 +172,26 @@ void FilamentForm::setDraft(const FilamentDraft& draft)
 
 void FilamentForm::followStock()
 {
+    if (!isVisible()) {
+        m_isStale = true;
+        return;
+    }
+    showEntries();
     showReferences();
     emit draftChanged();
+}
+
+void FilamentForm::showEntries()
+{
+    for (const ReferenceKind kind : everyReferenceKind)
+        m_pickers[size_t(kind)]->setEntries(pickerEntries(m_context, kind));
 }
 
 void FilamentForm::showReferences()
 {
     m_draft.forgetMissingReferences(m_context);
-    for (const ReferenceKind kind : everyReferenceKind) {
-        Picker* picker = m_pickers[size_t(kind)];
-        picker->setEntries(pickerEntries(m_context, kind));
-        picker->setChoice(m_draft.reference(kind));
-    }
+    for (const ReferenceKind kind : everyReferenceKind)
+        m_pickers[size_t(kind)]->setChoice(m_draft.reference(kind));
 }
 
 void FilamentForm::showCounts()

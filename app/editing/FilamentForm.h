@@ -20,7 +20,7 @@ class Stepper;
 enum class FilamentFormKind : quint8 { NewFilament, StockedFilament };
 
 /// The fields of one filament, below its colour. Holds a FilamentDraft and writes nothing into the
-/// stock; its pickers follow the four reference lists as they change.
+/// stock; its pickers follow the four reference lists as they change, once they are seen.
 class FilamentForm final : public QWidget {
     Q_OBJECT
 
@@ -35,11 +35,15 @@ signals:
     /// The user changed a field, or the stock changed under it.
     void draftChanged();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void addPickers(FormGroup& group, FilamentFormKind kind);
     void addSteppers(FormGroup& group);
     void addColorRows(FormGroup& group);
     void followStock();
+    void showEntries();
     void showReferences();
     void showCounts();
     void showColor();
@@ -54,6 +58,7 @@ private:
     ColorWell* m_colorWell;
     QLineEdit* m_colorName;
     NotesField* m_notes;
+    bool m_isStale = false; ///< The stock changed while the form was not seen.
 };
 
 } // namespace reelhouse

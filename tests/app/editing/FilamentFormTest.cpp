@@ -4,6 +4,7 @@
 #include "tests/app/editing/EditorFixture.h"
 #include "tests/support/TestMain.h"
 
+#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 
 using namespace reelhouse;
@@ -17,6 +18,7 @@ private slots:
     void theSwatchHasTheHeightOfItsSheet_data();
     void theSwatchHasTheHeightOfItsSheet();
     void theSwatchFollowsEveryColor();
+    void changesAreFollowedOnceItIsSeenAgain();
     void aCutColorCodeIsToldInATip();
     void aVeryLongColorNameIsNotCut();
 };
@@ -79,6 +81,32 @@ void FilamentFormTest::theSwatchFollowsEveryColor()
     }
     fixture.show(u"#FFF"_s);
     QCOMPARE(fixture.seenColor(), QColor(Qt::black));
+}
+
+void FilamentFormTest::changesAreFollowedOnceItIsSeenAgain()
+{
+    FormFixture fixture;
+    FilamentDraft draft;
+    draft.reference(ReferenceKind::Brand) = fixture.acme.id().value;
+    fixture.form.setDraft(draft);
+    const Picker& brands = *fixture.controls.picker(u"Marque"_s);
+    const QSignalSpy changes(&fixture.form, &FilamentForm::draftChanged);
+
+    fixture.form.hide();
+    fixture.context.remove(fixture.acme);
+    fixture.context.insert(std::make_unique<Brand>(u"Basf"_s));
+    fixture.context.processPendingChanges();
+    QCOMPARE(changes.count(), 0);
+    fixture.form.show();
+
+    QCOMPARE(EditorControls::choices(brands), (QStringList{u"Aucune"_s, u"Basf"_s, u"Zénith"_s}));
+    QCOMPARE(brands.choice(), 0);
+    QCOMPARE(fixture.form.draft().reference(ReferenceKind::Brand), 0);
+    QCOMPARE(changes.count(), 1);
+
+    fixture.form.hide();
+    fixture.form.show();
+    QCOMPARE(changes.count(), 1);
 }
 
 void FilamentFormTest::aCutColorCodeIsToldInATip()
