@@ -61,8 +61,7 @@ public:
     T* find(EntityId<T> id)
     {
         sort();
-        const auto found = std::ranges::lower_bound(
-            m_rows, id.value, {}, [](const std::unique_ptr<T>& row) { return row->m_id; });
+        const auto found = std::ranges::lower_bound(m_rows, id.value, {}, idOf);
         if (found == m_rows.end() || (*found)->m_id != id.value || (*found)->m_removed)
             return nullptr;
         return found->get();
@@ -82,20 +81,27 @@ public:
 private:
     T& append(std::unique_ptr<T> entity)
     {
-        m_unsorted = m_unsorted || entity->m_id < m_lastId;
+        const bool goesOnSorted
+            = isSorted() && (m_rows.empty() || m_rows.back()->m_id < entity->m_id);
         m_lastId = std::max(m_lastId, entity->m_id);
         entity->m_row = quint32(m_rows.size());
         m_rows.push_back(std::move(entity));
+        if (goesOnSorted)
+            ++m_sortedRows;
         return *m_rows.back();
     }
+
+    bool isSorted() const { return m_sortedRows == m_rows.size(); }
 
     /// Once for any number of removals.
     void compact()
     {
         if (m_removedInRows == 0)
             return;
-        const auto firstRemoved = std::stable_partition(m_rows.begin(), m_rows.end(),
-            [](const std::unique_ptr<T>& row) { return !row->m_removed; });
+        const auto isInStock = [](const std::unique_ptr<T>& row) { return !row->m_removed; };
+        const auto tail = m_rows.begin() + std::ptrdiff_t(m_sortedRows);
+        m_sortedRows = size_t(std::count_if(m_rows.begin(), tail, isInStock));
+        const auto firstRemoved = std::stable_partition(m_rows.begin(), m_rows.end(), isInStock);
         const size_t known = m_removed.size();
         m_removed.insert(m_removed.end(), std::make_move_iterator(firstRemoved),
             std::make_move_iterator(m_rows.end()));
@@ -105,15 +111,20 @@ private:
         renumber(m_rows, 0);
     }
 
-    /// Once for any number of entities put back.
+    /// Once for any number of entities put back: they stand behind the others and go among them.
     void sort()
     {
-        if (!m_unsorted)
+        if (isSorted())
             return;
-        std::ranges::sort(m_rows, {}, [](const std::unique_ptr<T>& row) { return row->m_id; });
-        m_unsorted = false;
-        renumber(m_rows, 0);
+        const auto tail = m_rows.begin() + std::ptrdiff_t(m_sortedRows);
+        std::ranges::sort(tail, m_rows.end(), {}, idOf);
+        const auto place = std::ranges::lower_bound(m_rows.begin(), tail, idOf(*tail), {}, idOf);
+        std::ranges::inplace_merge(place, tail, m_rows.end(), {}, idOf);
+        renumber(m_rows, size_t(place - m_rows.begin()));
+        m_sortedRows = m_rows.size();
     }
+
+    static qint64 idOf(const std::unique_ptr<T>& row) { return row->m_id; }
 
     static void renumber(const std::vector<std::unique_ptr<T>>& rows, size_t from)
     {
@@ -125,7 +136,7 @@ private:
     std::vector<std::unique_ptr<T>> m_removed;
     qsizetype m_removedInRows = 0;
     qint64 m_lastId = 0;
-    bool m_unsorted = false;
+    size_t m_sortedRows = 0; ///< How many rows, from the first on, stand in id order.
 };
 
 } // namespace reelhouse
