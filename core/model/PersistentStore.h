@@ -62,7 +62,9 @@ public:
 
     /// Reads everything into an empty context, through `StoreContext::load`.
     virtual std::optional<StoreError> load(StoreContext& context) = 0;
-    /// Writes `changes` in one transaction: all of them, or none on an error.
+    /// Writes `changes` in one transaction: all of them, or none on an error. Filaments that refer
+    /// to a removed entry lose that reference with it; those that change in nothing else are not
+    /// among the updated ones.
     virtual std::optional<StoreError> commit(const StockChanges& changes) = 0;
     /// Upkeep that would only slow a commit down; called when the program has nothing else to do.
     virtual void tidyUp() {}

@@ -15,6 +15,28 @@ void forEach(Tuple& lists, Visitor visit)
     std::apply([&](auto&... list) { (visit(list), ...); }, lists);
 }
 
+template <class Values>
+bool isToBeUpdated(const Values& before, const Values& after, const StockChanges& /*stock*/)
+{
+    return before != after;
+}
+
+/// A reference that only went with its entry is taken away by the store.
+bool isToBeUpdated(
+    const Filament::Values& before, const Filament::Values& after, const StockChanges& stock)
+{
+    Filament::Values withoutRemoved = before;
+    for (const ReferenceKind kind : everyReferenceKind) {
+        qint64& id = withoutRemoved.references[size_t(kind)];
+        const bool isRemoved = withEntryClass(kind, [&]<class T>(std::type_identity<T>) {
+            return std::ranges::binary_search(stock.of<T>().removed, EntityId<T>{id});
+        });
+        if (isRemoved)
+            id = 0;
+    }
+    return withoutRemoved != after;
+}
+
 } // namespace
 
 StoreContext::StoreContext(PersistentStore& store)
@@ -290,15 +312,16 @@ void StoreContext::deliver()
 }
 
 template <class T>
-void StoreContext::addChanges(EntityChanges<T>& changes)
+void StoreContext::addChanges(StockChanges& stock)
 {
+    EntityChanges<T>& changes = stock.of<T>();
     for (const Note<T>& note : shelf<T>().sinceCommit.notes()) {
         const bool isInStock = !note.entity->isRemoved();
         if (!note.before && isInStock)
             changes.inserted.push_back(note.entity);
         else if (note.before && !isInStock)
             changes.removed.push_back(note.entity->id());
-        else if (note.before && *note.before != note.entity->values())
+        else if (note.before && isToBeUpdated(*note.before, note.entity->values(), stock))
             changes.updated.push_back(note.entity);
     }
     const auto idOf = [](const T* entity) { return entity->id(); };
@@ -310,7 +333,11 @@ void StoreContext::addChanges(EntityChanges<T>& changes)
 std::optional<StoreError> StoreContext::commit()
 {
     StockChanges changes;
-    forEach(changes.lists, [this](auto& list) { addChanges(list); });
+    addChanges<FilamentType>(changes);
+    addChanges<Brand>(changes);
+    addChanges<FilamentRange>(changes);
+    addChanges<Location>(changes);
+    addChanges<Filament>(changes);
     if (!changes.isEmpty()) {
         auto error = m_store.commit(changes);
         emit committed(error ? error->description() : QString());

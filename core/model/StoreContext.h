@@ -128,7 +128,7 @@ private:
     template <class T>
     void restore(T& entity);
     template <class T>
-    void addChanges(EntityChanges<T>& changes);
+    void addChanges(StockChanges& stock);
     template <class T>
     std::vector<Change<T>> takeAction();
     template <class T>

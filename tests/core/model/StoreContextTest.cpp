@@ -28,7 +28,7 @@ private slots:
     void valuePutBackBeforeTheSaveIsNotWritten();
     void whatCameAndWentBeforeTheSaveIsNotWritten();
     void changesComeInIdentityOrder();
-    void removalOfAnEntryUpdatesItsFilaments();
+    void removalOfAnEntryLeavesItsFilamentsToTheStore();
     void failedSaveStaysPendingAndGoesAlong();
     void failedAutomaticSaveGoesAlongWithTheNextChange();
     void removedObjectLivesUntilTheChangeIsDelivered();
@@ -250,20 +250,24 @@ void StoreContextTest::changesComeInIdentityOrder()
             u"-Filament 2"_s, u"-Filament 6"_s}}));
 }
 
-void StoreContextTest::removalOfAnEntryUpdatesItsFilaments()
+void StoreContextTest::removalOfAnEntryLeavesItsFilamentsToTheStore()
 {
     Brand& brand = insertBrand(u"Sunlu"_s);
+    Brand& other = insertBrand(u"Acme"_s);
     insertFilament(&brand);
     insertFilament();
-    insertFilament(&brand);
+    Filament& edited = insertFilament(&brand);
+    Filament& moved = insertFilament(&brand);
     m_context->save();
     m_store->commits.clear();
 
     m_context->remove(brand);
+    edited.setNotes(u"autre"_s);
+    moved.setBrand(&other);
     m_context->save();
 
     QCOMPARE(m_store->commits,
-        (QList<QStringList>{{u"-Brand 1"_s, u"~Filament 1"_s, u"~Filament 3"_s}}));
+        (QList<QStringList>{{u"-Brand 1"_s, u"~Filament 3"_s, u"~Filament 4"_s}}));
 }
 
 void StoreContextTest::failedSaveStaysPendingAndGoesAlong()
