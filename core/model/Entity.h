@@ -6,6 +6,7 @@
 namespace reelhouse {
 
 class StoreContext;
+class UndoHistory;
 template <class T>
 class EntityTable;
 template <class T>
@@ -37,6 +38,7 @@ protected:
 
 private:
     friend StoreContext;
+    friend UndoHistory;
     template <class T>
     friend class EntityTable;
     template <class T>

@@ -6,8 +6,6 @@ namespace reelhouse {
 
 namespace {
 
-constexpr size_t keptActions = 100;
-
 /// Calls `visit` with each of the five lists of a tuple, the reference lists before the filaments.
 template <class Tuple, class Visitor>
 void forEach(Tuple& lists, Visitor visit)
@@ -25,6 +23,8 @@ bool isToBeUpdated(const Values& before, const Values& after, const StockChanges
 bool isToBeUpdated(
     const Filament::Values& before, const Filament::Values& after, const StockChanges& stock)
 {
+    if (before == after)
+        return false;
     Filament::Values withoutRemoved = before;
     for (const ReferenceKind kind : everyReferenceKind) {
         qint64& id = withoutRemoved.references[size_t(kind)];
@@ -129,133 +129,74 @@ void StoreContext::run(
 {
     ++m_performDepth;
     edit();
-    if (--m_performDepth == 0)
-        finishAction(actionName, repetition);
+    if (--m_performDepth > 0)
+        return;
+    m_history.add({actionName,
+                      {takeAction<FilamentType>(), takeAction<Brand>(), takeAction<FilamentRange>(),
+                          takeAction<Location>(), takeAction<Filament>()}},
+        repetition);
 }
 
 template <class T>
-std::vector<StoreContext::Change<T>> StoreContext::takeAction()
+std::vector<UndoChange<T>> StoreContext::takeAction()
 {
-    std::vector<Change<T>> changes;
+    std::vector<UndoChange<T>> changes;
     for (Note<T>& note : shelf<T>().sinceActionBegan.take()) {
         auto after = note.entity->isRemoved()
             ? nullptr
             : std::make_unique<typename T::Values>(note.entity->values());
         const bool isUnchanged
             = note.before && after ? *note.before == *after : !note.before && !after;
-        if (isUnchanged)
-            continue;
-        ++note.entity->m_historyUses;
-        changes.push_back({note.entity, std::move(note.before), std::move(after)});
+        if (!isUnchanged)
+            changes.push_back({note.entity, std::move(note.before), std::move(after)});
     }
     return changes;
 }
 
-void StoreContext::finishAction(const QString& name, Repetition repetition)
-{
-    Action action{name,
-        {takeAction<FilamentType>(), takeAction<Brand>(), takeAction<FilamentRange>(),
-            takeAction<Location>(), takeAction<Filament>()}};
-    if (std::apply([](const auto&... changes) { return (changes.empty() && ...); }, action.changes))
-        return;
-    if (repetition == Repetition::Joined && joinLatest(action))
-        return;
-    for (const Action& undone : std::exchange(m_redoable, {}))
-        forget(undone);
-    m_undoable.push_back(std::move(action));
-    if (m_undoable.size() > keptActions) {
-        forget(m_undoable.front());
-        m_undoable.pop_front();
-    }
-}
-
-bool StoreContext::joinLatest(Action& action)
-{
-    using FilamentChanges = std::vector<Change<Filament>>;
-    if (!m_redoable.empty() || m_undoable.empty() || m_undoable.back().name != action.name)
-        return false;
-    Action& latest = m_undoable.back();
-    auto& former = std::get<FilamentChanges>(latest.changes);
-    auto& added = std::get<FilamentChanges>(action.changes);
-    const auto changesFilamentsOnly = [](const Action& tested) {
-        size_t count = 0;
-        forEach(tested.changes, [&](const auto& changes) { count += changes.size(); });
-        return count == std::get<FilamentChanges>(tested.changes).size();
-    };
-    // What was changed by no action in between is not this action's to undo.
-    const auto goesOn = [](const Change<Filament>& before, const Change<Filament>& after) {
-        return before.entity == after.entity && before.before && before.after && after.before
-            && after.after && *before.after == *after.before;
-    };
-    if (!changesFilamentsOnly(latest) || !changesFilamentsOnly(action)
-        || !std::ranges::equal(former, added, goesOn))
-        return false;
-    for (size_t place = 0; place < former.size(); ++place)
-        former[place].after = std::move(added[place].after);
-    forget(action);
-    return true;
-}
-
-void StoreContext::forget(const Action& action)
-{
-    forEach(action.changes, [](const auto& changes) {
-        for (const auto& change : changes)
-            --change.entity->m_historyUses;
-    });
-}
-
 QString StoreContext::undoActionName() const
 {
-    return m_undoable.empty() ? QString() : m_undoable.back().name;
+    return m_history.undoName();
 }
 
 QString StoreContext::redoActionName() const
 {
-    return m_redoable.empty() ? QString() : m_redoable.back().name;
+    return m_history.redoName();
 }
 
 void StoreContext::undo()
 {
     Q_ASSERT(m_performDepth == 0);
-    if (m_undoable.empty())
-        return;
-    replay(m_undoable.back(), Direction::Back);
-    m_redoable.push_back(std::move(m_undoable.back()));
-    m_undoable.pop_back();
+    if (UndoAction* action = m_history.undo())
+        replay(*action, Direction::Back);
 }
 
 void StoreContext::redo()
 {
     Q_ASSERT(m_performDepth == 0);
-    if (m_redoable.empty())
-        return;
-    replay(m_redoable.back(), Direction::Forward);
-    m_undoable.push_back(std::move(m_redoable.back()));
-    m_redoable.pop_back();
+    if (UndoAction* action = m_history.redo())
+        replay(*action, Direction::Forward);
 }
 
 void StoreContext::clearHistory()
 {
-    if (!m_undoable.empty() || !m_redoable.empty())
-        noteChange();
-    for (const Action& action : std::exchange(m_undoable, {}))
-        forget(action);
-    for (const Action& action : std::exchange(m_redoable, {}))
-        forget(action);
+    if (m_history.isEmpty())
+        return;
+    m_history.clear();
+    noteChange();
 }
 
-void StoreContext::replay(Action& action, Direction direction)
+void StoreContext::replay(UndoAction& action, Direction direction)
 {
     // What others refer to comes back first and goes last.
     forEach(action.changes, [&](const auto& changes) { putBack(changes, direction); });
-    takeOut(std::get<std::vector<Change<Filament>>>(action.changes), direction);
+    takeOut(std::get<std::vector<UndoChange<Filament>>>(action.changes), direction);
     forEach(action.changes, [&](auto& changes) { takeOut(changes, direction); });
 }
 
 template <class T>
-void StoreContext::putBack(const std::vector<Change<T>>& changes, Direction direction)
+void StoreContext::putBack(const std::vector<UndoChange<T>>& changes, Direction direction)
 {
-    for (const Change<T>& change : changes) {
+    for (const UndoChange<T>& change : changes) {
         const auto& from = direction == Direction::Back ? change.after : change.before;
         const auto& to = direction == Direction::Back ? change.before : change.after;
         // What was only edited, and then removed by no action, stays away.
@@ -268,9 +209,9 @@ void StoreContext::putBack(const std::vector<Change<T>>& changes, Direction dire
 }
 
 template <class T>
-void StoreContext::takeOut(std::vector<Change<T>>& changes, Direction direction)
+void StoreContext::takeOut(std::vector<UndoChange<T>>& changes, Direction direction)
 {
-    for (Change<T>& change : changes) {
+    for (UndoChange<T>& change : changes) {
         const auto& from = direction == Direction::Back ? change.after : change.before;
         const auto& to = direction == Direction::Back ? change.before : change.after;
         if (to || change.entity->isRemoved())

@@ -1,17 +1,12 @@
 #pragma once
 
-#include "core/model/Brand.h"
 #include "core/model/EntityTable.h"
-#include "core/model/Filament.h"
-#include "core/model/FilamentRange.h"
-#include "core/model/FilamentType.h"
 #include "core/model/Journal.h"
-#include "core/model/Location.h"
 #include "core/model/PersistentStore.h"
+#include "core/model/UndoHistory.h"
 
 #include <QtCore/QObject>
 
-#include <deque>
 #include <functional>
 
 namespace reelhouse {
@@ -90,22 +85,6 @@ signals:
 private:
     friend Entity;
 
-    template <class T>
-    struct Change {
-        T* entity;
-        std::unique_ptr<typename T::Values> before; ///< Null: not in the stock.
-        std::unique_ptr<typename T::Values> after;
-    };
-
-    /// One action of the user, as the undo history keeps it.
-    struct Action {
-        QString name;
-        std::tuple<std::vector<Change<FilamentType>>, std::vector<Change<Brand>>,
-            std::vector<Change<FilamentRange>>, std::vector<Change<Location>>,
-            std::vector<Change<Filament>>>
-            changes;
-    };
-
     /// Everything kept about one class of entities.
     template <class T>
     struct Shelf {
@@ -130,20 +109,15 @@ private:
     template <class T>
     void addChanges(StockChanges& stock);
     template <class T>
-    std::vector<Change<T>> takeAction();
+    std::vector<UndoChange<T>> takeAction();
     template <class T>
-    void putBack(const std::vector<Change<T>>& changes, Direction direction);
+    void putBack(const std::vector<UndoChange<T>>& changes, Direction direction);
     template <class T>
-    void takeOut(std::vector<Change<T>>& changes, Direction direction);
+    void takeOut(std::vector<UndoChange<T>>& changes, Direction direction);
 
     void noteChange();
-    enum class Repetition : quint8 { Apart, Joined };
-
     void run(const QString& actionName, const std::function<void()>& edit, Repetition repetition);
-    void finishAction(const QString& name, Repetition repetition);
-    bool joinLatest(Action& action);
-    void replay(Action& action, Direction direction);
-    void forget(const Action& action);
+    void replay(UndoAction& action, Direction direction);
     void deliver();
     std::optional<StoreError> commit();
     void sweep();
@@ -152,8 +126,7 @@ private:
     std::tuple<Shelf<FilamentType>, Shelf<Brand>, Shelf<FilamentRange>, Shelf<Location>,
         Shelf<Filament>>
         m_shelves;
-    std::deque<Action> m_undoable;
-    std::deque<Action> m_redoable;
+    UndoHistory m_history;
     int m_performDepth = 0;
     bool m_isDeliveryQueued = false;
     bool m_isChangedSinceDelivery = false;
