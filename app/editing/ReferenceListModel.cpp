@@ -1,12 +1,28 @@
 #include "app/editing/ReferenceListModel.h"
 
 #include "app/editing/ReferenceUsageLabel.h"
+#include "core/model/Filament.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
+
+namespace {
+
+ReferenceUsage usageOf(const FilamentContainer& entry)
+{
+    ReferenceUsage usage{entry.filamentCount(), entry.spoolCount(), {}};
+    std::vector<const Filament*> oldest(
+        std::min(entry.filaments().size(), size_t(ReferenceUsage::mostColors)));
+    std::ranges::partial_sort_copy(entry.filaments(), oldest, {}, &Filament::id, &Filament::id);
+    for (const Filament* filament : oldest)
+        usage.oldestColors << filament->colorHex();
+    return usage;
+}
+
+} // namespace
 
 ReferenceListModel::ReferenceListModel(const ReferenceList& list, QObject* parent)
     : QAbstractListModel(parent)
@@ -17,12 +33,14 @@ ReferenceListModel::ReferenceListModel(const ReferenceList& list, QObject* paren
 void ReferenceListModel::setRows(std::vector<ReferenceId> rows)
 {
     if (rows == m_rows) {
+        m_usages.assign(m_rows.size(), std::nullopt);
         if (!m_rows.empty())
             emit dataChanged(index(0), index(int(m_rows.size()) - 1));
         return;
     }
     beginResetModel();
     m_rows = std::move(rows);
+    m_usages.assign(m_rows.size(), std::nullopt);
     endResetModel();
 }
 
@@ -35,6 +53,18 @@ int ReferenceListModel::rowOf(ReferenceId id) const
 {
     const auto found = std::ranges::find(m_rows, id);
     return found == m_rows.end() ? -1 : int(found - m_rows.begin());
+}
+
+const ReferenceUsage& ReferenceListModel::usageAt(int row) const
+{
+    static const ReferenceUsage none;
+    const FilamentContainer* entry = entryAt(row);
+    if (!entry)
+        return none;
+    std::optional<ReferenceUsage>& usage = m_usages[size_t(row)];
+    if (!usage)
+        usage = usageOf(*entry);
+    return *usage;
 }
 
 int ReferenceListModel::rowCount(const QModelIndex& parent) const
@@ -52,8 +82,9 @@ QVariant ReferenceListModel::data(const QModelIndex& index, int role) const
     if (role == Qt::DisplayRole)
         return entry->name();
     // A screen reader hears a whole row: also what is painted under its name.
-    return QString(entry->name() + u", "_s
-        + ReferenceUsageLabel::text(entry->filamentCount(), entry->spoolCount()));
+    const ReferenceUsage& usage = usageAt(index.row());
+    return QString(
+        entry->name() + u", "_s + ReferenceUsageLabel::text(usage.filamentCount, usage.spoolCount));
 }
 
 } // namespace reelhouse

@@ -8,7 +8,6 @@
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "app/ui/Theme.h"
-#include "core/model/Filament.h"
 
 #include <QtGui/QHelpEvent>
 #include <QtGui/QPainter>
@@ -17,7 +16,6 @@
 #include <QtWidgets/QToolTip>
 
 #include <algorithm>
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +28,6 @@ constexpr int entryPadding = 16;
 constexpr int entrySymbolWidth = 24;
 constexpr int entrySymbolSide = 20;
 constexpr int entryTextStart = 54;
-constexpr int mostChips = 9;
 constexpr int chipSide = 16;
 constexpr int chipStep = 11;
 constexpr qreal chipEdge = 1.5;
@@ -38,37 +35,29 @@ constexpr int chipsGap = 12;
 constexpr int moreGap = 8;
 constexpr int entryLineGap = 2;
 
-const FilamentContainer* entryOf(const QModelIndex& index)
+const ReferenceListModel& modelOf(const QModelIndex& index)
 {
-    return static_cast<const ReferenceListModel*>(index.model())->entryAt(index.row());
-}
-
-/// The filaments whose colours are shown, the oldest first.
-std::vector<const Filament*> shownFilaments(const FilamentContainer& entry)
-{
-    std::vector<const Filament*> shown(std::min(entry.filaments().size(), size_t(mostChips)));
-    std::ranges::partial_sort_copy(entry.filaments(), shown, {}, &Filament::id, &Filament::id);
-    return shown;
+    return *static_cast<const ReferenceListModel*>(index.model());
 }
 
 /// "+4" where more filaments use the entry than are shown.
-QString moreText(const FilamentContainer& entry)
+QString moreText(const ReferenceUsage& usage)
 {
-    const qint64 more = entry.filamentCount() - mostChips;
+    const qint64 more = usage.filamentCount - ReferenceUsage::mostColors;
     return more > 0 ? u'+' + QString::number(more) : QString();
 }
 
 /// The right part of a row: the chips, then how many filaments are not shown.
 struct ChipLine {
-    ChipLine(const FilamentContainer& entry, const QRect& row)
-        : more(moreText(entry))
+    ChipLine(const ReferenceUsage& usage, const QRect& row)
+        : more(moreText(usage))
     {
         const int right = row.right() + 1 - entryPadding;
         const int moreWidth = more.isEmpty()
             ? 0
             : QFontMetrics(fontOf(TextStyle::Caption)).horizontalAdvance(more) + moreGap;
         moreRect = QRect(right - moreWidth, row.top(), moreWidth, row.height());
-        const int chips = int(std::min(entry.filamentCount(), qint64(mostChips)));
+        const int chips = int(usage.oldestColors.size());
         const int width = chips > 0 ? chipSide + (chips - 1) * chipStep : 0;
         left = right - moreWidth - width;
     }
@@ -78,26 +67,26 @@ struct ChipLine {
     int left;
 };
 
-QRect nameRect(const FilamentContainer& entry, const QRect& row)
+QRect nameRect(const ReferenceUsage& usage, const QRect& row)
 {
     const int nameHeight = QFontMetrics(fontOf(TextStyle::Name)).height();
     const int top = row.top()
         + (row.height() - nameHeight - entryLineGap - ReferenceUsageLabel::height()) / 2;
     const int left = row.left() + entryTextStart;
-    return {left, top, ChipLine(entry, row).left - chipsGap - left, nameHeight};
+    return {left, top, ChipLine(usage, row).left - chipsGap - left, nameHeight};
 }
 
 void paintChips(
-    QPainter& painter, const FilamentContainer& entry, const QRect& row, const QColor& ground)
+    QPainter& painter, const ReferenceUsage& usage, const QRect& row, const QColor& ground)
 {
-    const ChipLine line(entry, row);
+    const ChipLine line(usage, row);
     qreal left = line.left;
-    for (const Filament* filament : shownFilaments(entry)) {
+    for (const QString& code : usage.oldestColors) {
         const QRectF chip(left, row.top() + (row.height() - chipSide) / 2.0, chipSide, chipSide);
         painter.setPen(Qt::NoPen);
         painter.setBrush(ground);
         painter.drawEllipse(chip.adjusted(-chipEdge, -chipEdge, chipEdge, chipEdge));
-        paintChip(painter, chip, colorFromHex(filament->colorHex()), ground);
+        paintChip(painter, chip, colorFromHex(code), ground);
         left += chipStep;
     }
     painter.setFont(fontOf(TextStyle::Caption));
@@ -134,9 +123,11 @@ QSize ReferenceRowDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIn
 void ReferenceRowDelegate::paint(
     QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
-    const FilamentContainer* entry = entryOf(index);
+    const ReferenceListModel& model = modelOf(index);
+    const FilamentContainer* entry = model.entryAt(index.row());
     if (!entry)
         return;
+    const ReferenceUsage& usage = model.usageAt(index.row());
     const Theme& theme = currentTheme();
     const auto* view = static_cast<const QAbstractItemView*>(option.widget);
     const QColor ground = groundOf(option);
@@ -153,10 +144,9 @@ void ReferenceRowDelegate::paint(
     QRect symbolRect(row.left() + entryPadding, row.top(), entrySymbolWidth, row.height());
     symbolRect = QRect(symbolRect.left() + (entrySymbolWidth - entrySymbolSide) / 2,
         row.top() + (row.height() - entrySymbolSide) / 2, entrySymbolSide, entrySymbolSide);
-    const auto& model = *static_cast<const ReferenceListModel*>(index.model());
     paintSymbol(*painter, symbolRect, model.list().symbol(*entry), theme.textSecondary);
 
-    const QRect name = nameRect(*entry, row);
+    const QRect name = nameRect(usage, row);
     painter->setFont(fontOf(TextStyle::Name));
     painter->setPen(theme.textPrimary);
     painter->drawText(name, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
@@ -164,8 +154,8 @@ void ReferenceRowDelegate::paint(
     ReferenceUsageLabel::paint(*painter,
         QRect(name.left(), name.bottom() + 1 + entryLineGap, name.width(),
             ReferenceUsageLabel::height()),
-        entry->filamentCount(), entry->spoolCount());
-    paintChips(*painter, *entry, row, ground);
+        usage.filamentCount, usage.spoolCount);
+    paintChips(*painter, usage, row, ground);
 
     if (option.state.testFlag(QStyle::State_HasFocus)
         && view->window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
@@ -179,11 +169,12 @@ void ReferenceRowDelegate::paint(
 bool ReferenceRowDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
     const QStyleOptionViewItem& option, const QModelIndex& index)
 {
-    const FilamentContainer* entry = index.isValid() ? entryOf(index) : nullptr;
+    const FilamentContainer* entry
+        = index.isValid() ? modelOf(index).entryAt(index.row()) : nullptr;
     QString cutName;
     if (entry
         && QFontMetrics(fontOf(TextStyle::Name)).horizontalAdvance(entry->name())
-            > nameRect(*entry, option.rect).width())
+            > nameRect(modelOf(index).usageAt(index.row()), option.rect).width())
         cutName = entry->name();
     QToolTip::showText(event->globalPos(), plainToolTip(cutName), view->viewport(), option.rect);
     return true;

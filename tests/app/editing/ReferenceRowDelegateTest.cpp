@@ -20,6 +20,7 @@ class ReferenceRowDelegateTest final : public QObject {
 private slots:
     void aRowShowsSymbolNameAndUsage_data();
     void aRowShowsSymbolNameAndUsage();
+    void aRowFollowsWhatUsesIt();
     void aRowShowsTheColorsThatUseIt_data();
     void aRowShowsTheColorsThatUseIt();
 };
@@ -127,6 +128,20 @@ void ReferenceRowDelegateTest::aRowShowsSymbolNameAndUsage()
     // In the middle of 24 points behind the rowPadding.
     QCOMPARE(picture.copy(rowPadding + 2, (picture.height() - 20) / 2, 20, 20),
         expected.toImage().convertToFormat(QImage::Format_RGB32));
+}
+
+void ReferenceRowDelegateTest::aRowFollowsWhatUsesIt()
+{
+    ReferenceScreenFixture fixture(ReferenceKind::Brand);
+    fixture.add<Brand>(u"Acme"_s, 1);
+    QTest::qWait(0); // The view lays its rows out.
+    Filament& filament = *fixture.context.fetchAll<Filament>().front();
+
+    for (int number = 0; number < 3; ++number) {
+        filament.setColorHex(toHex(colorOf(number)));
+        fixture.context.processPendingChanges();
+        QCOMPARE(chipsIn(rowPicture(fixture), 3), QList<int>{number});
+    }
 }
 
 void ReferenceRowDelegateTest::aRowShowsTheColorsThatUseIt_data()
