@@ -16,6 +16,7 @@
 #include <QtWidgets/QToolTip>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -30,6 +31,8 @@ constexpr int pickerIconSide = 16;
 constexpr int pickerIconGap = 7;
 constexpr int leastPickerText = 60;
 constexpr int widestPopup = 440;
+constexpr int popupRowExtra = 60;
+constexpr size_t measuredNames = 20;
 
 } // namespace
 
@@ -49,6 +52,17 @@ public:
         endResetModel();
     }
     const std::vector<PickerEntry>& entries() const { return m_entries; }
+    /// The names with the most characters: one of them is the widest, or nearly so.
+    QStringList longestNames() const
+    {
+        const auto length = [](const PickerEntry& entry) { return entry.name.size(); };
+        std::vector<PickerEntry> longest(std::min(m_entries.size(), measuredNames));
+        std::ranges::partial_sort_copy(m_entries, longest, std::ranges::greater(), length, length);
+        QStringList names{m_none};
+        for (const PickerEntry& entry : longest)
+            names << entry.name.simplified();
+        return names;
+    }
     qint64 idAt(int row) const { return row > 0 ? m_entries[size_t(row) - 1].id : 0; }
     int rowOf(qint64 id) const
     {
@@ -141,8 +155,8 @@ void Picker::showPopup()
 {
     int widest = width();
     const QFontMetrics metrics = view()->fontMetrics();
-    for (int row = 0; row < count() && widest < widestPopup; ++row)
-        widest = std::max(widest, metrics.horizontalAdvance(itemText(row)) + 60);
+    for (const QString& name : m_model->longestNames())
+        widest = std::max(widest, metrics.horizontalAdvance(name) + popupRowExtra);
     view()->setMinimumWidth(std::min(widest, std::max(widestPopup, width())));
     QComboBox::showPopup();
 }

@@ -18,7 +18,7 @@ struct PickerEntry {
 
 /// Chooses one of a list of names, or none of them. Flat and right-aligned, for the row of a form;
 /// a name that does not fit is cut and shown whole as tooltip. Letters typed jump to a name.
-/// Thousands of entries cost no more than a few: only those seen are drawn.
+/// Only those entries are drawn that are seen, and only the longest measured.
 class Picker final : public QComboBox {
     Q_OBJECT
 

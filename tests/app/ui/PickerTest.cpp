@@ -29,6 +29,8 @@ private slots:
     void aLongNameIsCutWithATooltip();
     void markupInANameIsText();
     void thousandsOfEntriesOpen();
+    void theOpenListIsAsWideAsItsNames_data();
+    void theOpenListIsAsWideAsItsNames();
     void oddNamesStayOnOneLine();
 };
 
@@ -219,6 +221,35 @@ void PickerTest::thousandsOfEntriesOpen()
     QTest::keyClick(fixture.picker.view(), Qt::Key_Return);
 
     QCOMPARE(fixture.picker.choice(), 4321);
+}
+
+void PickerTest::theOpenListIsAsWideAsItsNames_data()
+{
+    QTest::addColumn<QString>("longName");
+    QTest::addColumn<bool>("fits");
+
+    QTest::newRow("short ones") << u"PLA"_s << true;
+    QTest::newRow("one that needs more") << u"Boîte du sous-sol, rayon de gauche"_s << true;
+    QTest::newRow("one that is cut") << QString(200, u'W') << false;
+}
+
+void PickerTest::theOpenListIsAsWideAsItsNames()
+{
+    QFETCH(QString, longName);
+    QFETCH(bool, fits);
+    PickerFixture fixture;
+    fixture.picker.resize(120, 28);
+    std::vector<PickerEntry> entries;
+    for (int number = 1; number <= 60; ++number)
+        entries.push_back({number, number == 31 ? longName : QString::number(number), {}});
+    fixture.picker.setEntries(entries);
+
+    fixture.picker.showPopup();
+
+    const int list = fixture.picker.view()->width();
+    const int name = fixture.picker.view()->fontMetrics().horizontalAdvance(longName);
+    QCOMPARE(list > name, fits);
+    fixture.picker.hidePopup();
 }
 
 void PickerTest::oddNamesStayOnOneLine()
