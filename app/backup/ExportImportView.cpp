@@ -90,24 +90,18 @@ void ExportImportView::importFile(const QString& path)
 
 void ExportImportView::confirm(const std::shared_ptr<const ExportData>& pending)
 {
-    constexpr int confirmed = 0;
-    auto* alert = new Alert(AlertTone::Destructive, u"Effacer les données existantes ?"_s,
+    askBeforeDestroying(u"Effacer les données existantes ?"_s,
         u"L'import va effacer toutes les données actuelles (types, marques, gammes, lieux et "
         "filaments) et les remplacer par celles du fichier. Cette action est irréversible."_s,
-        {{u"Importer et tout remplacer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}},
-        this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this, pending](int answer) {
-        if (answer != confirmed)
-            return;
-        beginProgress(u"Import en cours…"_s);
-        // Once the alert is gone the line is painted, then the window stands still for the import.
-        QTimer::singleShot(0ms, this, [this, pending] {
-            window()->repaint();
-            replaceStock(*pending);
+        u"Importer et tout remplacer"_s, this, [this, pending] {
+            beginProgress(u"Import en cours…"_s);
+            // Once the alert is gone the line is painted, then the window stands still for the
+            // import.
+            QTimer::singleShot(0ms, this, [this, pending] {
+                window()->repaint();
+                replaceStock(*pending);
+            });
         });
-    });
-    alert->open();
 }
 
 void ExportImportView::replaceStock(const ExportData& document)

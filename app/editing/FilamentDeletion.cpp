@@ -29,19 +29,12 @@ void askToDelete(
     const Filament* filament = context.find(id);
     if (!filament)
         return;
-    constexpr int confirmed = 0;
-    auto* alert = new Alert(AlertTone::Destructive, u"Supprimer ce filament ?"_s,
-        deletionQuestion(*filament),
-        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, parent);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(alert, &QDialog::finished, parent, [&context, id, deleted](int answer) {
-        if (answer != confirmed)
-            return;
-        deleteFilament(context, id);
-        if (deleted)
-            deleted();
-    });
-    alert->open();
+    askBeforeDestroying(u"Supprimer ce filament ?"_s, deletionQuestion(*filament), u"Supprimer"_s,
+        parent, [&context, id, deleted] {
+            deleteFilament(context, id);
+            if (deleted)
+                deleted();
+        });
 }
 
 } // namespace reelhouse

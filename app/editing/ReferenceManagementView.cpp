@@ -126,17 +126,9 @@ void ReferenceManagementView::confirmDeletion(ReferenceId id)
     const FilamentContainer* entry = m_list.find(id);
     if (!entry)
         return;
-    constexpr int confirmed = 0;
     const ReferenceTexts texts = referenceTexts(m_list.kind());
-    auto* alert = new Alert(AlertTone::Destructive, texts.deleteTitle,
-        deletionQuestion(texts, entry->filamentCount()),
-        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this, id](int answer) {
-        if (answer == confirmed)
-            m_list.remove(id);
-    });
-    alert->open();
+    askBeforeDestroying(texts.deleteTitle, deletionQuestion(texts, entry->filamentCount()),
+        u"Supprimer"_s, this, [this, id] { m_list.remove(id); });
 }
 
 } // namespace reelhouse

@@ -73,17 +73,9 @@ void FilterFavoritesManagementView::confirmDeletion(const QUuid& id)
     const auto favorite = m_favorites.find(id);
     if (!favorite)
         return;
-    constexpr int confirmed = 0;
-    auto* alert = new Alert(AlertTone::Destructive,
-        u"Supprimer le favori « "_s + favorite->name + u" » ?"_s,
+    askBeforeDestroying(u"Supprimer le favori « "_s + favorite->name + u" » ?"_s,
         u"Le filtre sera retiré des raccourcis. Les données des filaments ne sont pas modifiées."_s,
-        {{u"Supprimer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this, id](int answer) {
-        if (answer == confirmed)
-            m_favorites.remove(id);
-    });
-    alert->open();
+        u"Supprimer"_s, this, [this, id] { m_favorites.remove(id); });
 }
 
 } // namespace reelhouse

@@ -254,17 +254,10 @@ void SettingsView::purgeNow()
 
 void SettingsView::confirmClearing()
 {
-    constexpr int confirmed = 0;
-    auto* alert = new Alert(AlertTone::Destructive, u"Effacer toute la base de données ?"_s,
+    askBeforeDestroying(u"Effacer toute la base de données ?"_s,
         u"Cette action supprime définitivement tous les filaments, types, marques, gammes et "
         "lieux. Cette action est irréversible."_s,
-        {{u"Effacer"_s, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this](int answer) {
-        if (answer == confirmed)
-            clearDatabase();
-    });
-    alert->open();
+        u"Effacer"_s, this, [this] { clearDatabase(); });
 }
 
 void SettingsView::clearDatabase()

@@ -132,4 +132,18 @@ void Alert::reject()
     done(m_dismissed);
 }
 
+void askBeforeDestroying(const QString& title, const QString& message, const QString& confirmText,
+    QWidget* parent, const std::function<void()>& destroy)
+{
+    constexpr int confirmed = 0;
+    auto* alert = new Alert(AlertTone::Destructive, title, message,
+        {{confirmText, AlertRole::Destroy}, {u"Annuler"_s, AlertRole::Cancel}}, parent);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(alert, &QDialog::finished, parent, [destroy](int answer) {
+        if (answer == confirmed)
+            destroy();
+    });
+    alert->open();
+}
+
 } // namespace reelhouse

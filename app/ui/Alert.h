@@ -4,6 +4,8 @@
 
 #include <QtCore/QList>
 
+#include <functional>
+
 class QVBoxLayout;
 
 namespace reelhouse {
@@ -49,5 +51,10 @@ private:
     QVBoxLayout* m_texts;
     int m_dismissed = 0;
 };
+
+/// Asks over the window of `parent` before something is destroyed, with "Annuler" as the way out,
+/// and calls `destroy` when the user chooses `confirmText`. The question goes with `parent`.
+void askBeforeDestroying(const QString& title, const QString& message, const QString& confirmText,
+    QWidget* parent, const std::function<void()>& destroy);
 
 } // namespace reelhouse
