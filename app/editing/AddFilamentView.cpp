@@ -1,5 +1,6 @@
 #include "app/editing/AddFilamentView.h"
 
+#include "app/editing/CommandTexts.h"
 #include "app/editing/FilamentForm.h"
 
 #include <QtWidgets/QHBoxLayout>
@@ -11,7 +12,7 @@ using namespace Qt::StringLiterals;
 namespace reelhouse {
 
 AddFilamentView::AddFilamentView(StoreContext& context, QWidget* parent)
-    : Sheet(u"Ajouter un filament"_s, 480, parent)
+    : Sheet(addFilamentText(), 480, parent)
     , m_context(context)
     , m_form(new FilamentForm(context, FilamentFormKind::NewFilament))
 {

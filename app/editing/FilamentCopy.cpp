@@ -1,5 +1,6 @@
 #include "app/editing/FilamentCopy.h"
 
+#include "app/editing/CommandTexts.h"
 #include "core/model/StoreContext.h"
 
 #include <QtCore/QStringList>
@@ -24,7 +25,7 @@ FilamentId duplicateFilament(StoreContext& context, FilamentId original)
     if (!source)
         return {};
     FilamentId copy;
-    context.perform(u"Dupliquer le filament"_s, [&] {
+    context.perform(duplicateFilamentText(), [&] {
         copy = context
                    .insert(std::make_unique<Filament>(source->type(), source->brand(),
                        source->range(), source->location(), 1, 0, source->colorHex(), QString(),

@@ -1,5 +1,6 @@
 #include "app/editing/FilamentDraft.h"
 
+#include "app/editing/CommandTexts.h"
 #include "core/model/StoreContext.h"
 #include "core/text/Folding.h"
 
@@ -69,7 +70,7 @@ bool hasChanges(const FilamentDraft& draft, const Filament& filament)
 
 void addFilament(StoreContext& context, const FilamentDraft& draft)
 {
-    context.perform(u"Ajouter un filament"_s, [&] {
+    context.perform(addFilamentText(), [&] {
         context.insert(std::make_unique<Filament>(
             chosenEntry<FilamentType>(context, draft, ReferenceKind::Type),
             chosenEntry<Brand>(context, draft, ReferenceKind::Brand),

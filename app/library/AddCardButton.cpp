@@ -1,5 +1,6 @@
 #include "app/library/AddCardButton.h"
 
+#include "app/editing/CommandTexts.h"
 #include "app/library/CardLayout.h"
 #include "app/ui/FocusRing.h"
 #include "app/ui/Symbol.h"
@@ -20,7 +21,7 @@ constexpr int addSymbolGap = 10;
 } // namespace
 
 AddCardButton::AddCardButton(QWidget* parent)
-    : QPushButton(u"Ajouter un filament"_s, parent)
+    : QPushButton(addFilamentText(), parent)
 {
     setAutoDefault(false);
 }

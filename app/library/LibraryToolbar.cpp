@@ -1,5 +1,6 @@
 #include "app/library/LibraryToolbar.h"
 
+#include "app/editing/CommandTexts.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/SegmentedPicker.h"
 #include "app/ui/Symbol.h"
@@ -29,7 +30,7 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
 
     auto* add = new QPushButton(symbolIcon(u"plus"_s, &Theme::onAccent), u"Ajouter"_s, this);
     setButtonLook(add, ButtonLook::Default);
-    add->setToolTip(u"Ajouter un filament"_s);
+    add->setToolTip(addFilamentText());
     connect(add, &QPushButton::clicked, this, &LibraryToolbar::additionRequested);
 
     auto* print = new QPushButton(symbolIcon(u"printer"_s), u"Imprimer"_s, this);

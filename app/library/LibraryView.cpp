@@ -1,5 +1,6 @@
 #include "app/library/LibraryView.h"
 
+#include "app/editing/CommandTexts.h"
 #include "app/library/CardView.h"
 #include "app/library/FilamentSheets.h"
 #include "app/library/FilterBarView.h"
@@ -89,7 +90,7 @@ LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
 
 void LibraryView::makeEmptyStates()
 {
-    auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), u"Ajouter un filament"_s);
+    auto* addFirst = new QPushButton(symbolIcon(u"plus"_s), addFilamentText());
     connect(addFirst, &QPushButton::clicked, m_actions, &SpoolActions::additionRequested);
     auto* emptyStock = new EmptyState(u"spool"_s, u"Stock vide"_s);
     emptyStock->setButton(addFirst);

@@ -1,5 +1,6 @@
 #include "app/library/SpoolActions.h"
 
+#include "app/editing/CommandTexts.h"
 #include "app/editing/FilamentCopy.h"
 #include "app/ui/Symbol.h"
 #include "core/model/StoreContext.h"
@@ -14,6 +15,11 @@ using namespace Qt::StringLiterals;
 namespace reelhouse {
 
 namespace {
+
+const QString addSpoolText = u"Ajouter une bobine"_s;
+const QString removeSpoolText = u"Retirer une bobine"_s;
+const QString addOpenedSpoolText = u"Ajouter une bobine entamée"_s;
+const QString removeOpenedSpoolText = u"Supprimer une bobine entamée"_s;
 
 /// Adds `difference` to the spools of a filament, as an action of that name.
 void changeSpools(StoreContext& context, Filament& filament, const QString& name, qint64 difference)
@@ -37,20 +43,19 @@ void changeOpened(StoreContext& context, Filament& filament, const QString& name
 SpoolActions::SpoolActions(StoreContext& context, QObject* parent)
     : QObject(parent)
     , m_context(context)
-    , m_additionCommand(new QAction(symbolIcon(u"plus"_s), u"Ajouter un filament"_s, this))
+    , m_additionCommand(new QAction(symbolIcon(u"plus"_s), addFilamentText(), this))
 {
     m_additionCommand->setShortcut(Qt::CTRL | Qt::Key_N);
     m_additionCommand->setShortcutVisibleInContextMenu(true);
     connect(m_additionCommand, &QAction::triggered, this, &SpoolActions::additionRequested);
+    addCommand(u"plus.circle"_s, addSpoolText, Qt::ALT | Qt::Key_Up, &SpoolActions::addSpool);
     addCommand(
-        u"plus.circle"_s, u"Ajouter une bobine"_s, Qt::ALT | Qt::Key_Up, &SpoolActions::addSpool);
-    addCommand(u"minus.circle"_s, u"Retirer une bobine"_s, Qt::ALT | Qt::Key_Down,
-        &SpoolActions::removeSpool);
-    addCommand(u"plus.circle"_s, u"Ajouter une bobine entamée"_s, Qt::ALT | Qt::SHIFT | Qt::Key_Up,
+        u"minus.circle"_s, removeSpoolText, Qt::ALT | Qt::Key_Down, &SpoolActions::removeSpool);
+    addCommand(u"plus.circle"_s, addOpenedSpoolText, Qt::ALT | Qt::SHIFT | Qt::Key_Up,
         &SpoolActions::addOpenedSpool);
-    addCommand(u"minus.circle"_s, u"Supprimer une bobine entamée"_s,
-        Qt::ALT | Qt::SHIFT | Qt::Key_Down, &SpoolActions::removeOpenedSpool);
-    addCommand(u"doc.on.doc"_s, u"Dupliquer le filament"_s, Qt::CTRL | Qt::Key_D,
+    addCommand(u"minus.circle"_s, removeOpenedSpoolText, Qt::ALT | Qt::SHIFT | Qt::Key_Down,
+        &SpoolActions::removeOpenedSpool);
+    addCommand(u"doc.on.doc"_s, duplicateFilamentText(), Qt::CTRL | Qt::Key_D,
         &SpoolActions::duplicateFilament);
     addCommand(u"trash"_s, u"Supprimer"_s, Qt::Key_Delete, &SpoolActions::requestDeletion);
     setTarget({});
@@ -91,7 +96,7 @@ void SpoolActions::addSpool(FilamentId id)
 {
     Filament* filament = m_context.find(id);
     if (filament && filament->spoolsCount() < std::numeric_limits<qint64>::max())
-        changeSpools(m_context, *filament, u"Ajouter une bobine"_s, 1);
+        changeSpools(m_context, *filament, addSpoolText, 1);
 }
 
 void SpoolActions::removeSpool(FilamentId id)
@@ -102,21 +107,21 @@ void SpoolActions::removeSpool(FilamentId id)
     if (filament->spoolsCount() <= 1)
         emit deletionRequested(id);
     else
-        changeSpools(m_context, *filament, u"Retirer une bobine"_s, -1);
+        changeSpools(m_context, *filament, removeSpoolText, -1);
 }
 
 void SpoolActions::addOpenedSpool(FilamentId id)
 {
     Filament* filament = m_context.find(id);
     if (filament && filament->openedSpoolsCount() < filament->spoolsCount())
-        changeOpened(m_context, *filament, u"Ajouter une bobine entamée"_s, 1);
+        changeOpened(m_context, *filament, addOpenedSpoolText, 1);
 }
 
 void SpoolActions::removeOpenedSpool(FilamentId id)
 {
     Filament* filament = m_context.find(id);
     if (filament && filament->openedSpoolsCount() >= 1)
-        changeOpened(m_context, *filament, u"Supprimer une bobine entamée"_s, -1);
+        changeOpened(m_context, *filament, removeOpenedSpoolText, -1);
 }
 
 void SpoolActions::duplicateFilament(FilamentId id)
