@@ -129,10 +129,7 @@ IconPicker::IconPicker(const QString& selection, QWidget* parent)
 void IconPicker::choose(const IconCell& cell)
 {
     m_scrollArea->ensureWidgetVisible(const_cast<IconCell*>(&cell), 0, gridPadding);
-    if (cell.symbol() == m_selection)
-        return;
     m_selection = cell.symbol();
-    emit selectionChosen(m_selection);
 }
 
 void IconPicker::paintEvent(QPaintEvent*)

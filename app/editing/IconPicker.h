@@ -33,10 +33,6 @@ public:
 
     const QString& selection() const { return m_selection; }
 
-signals:
-    /// The user chose this symbol.
-    void selectionChosen(const QString& symbol);
-
 protected:
     void paintEvent(QPaintEvent* event) override;
 

@@ -3,7 +3,6 @@
 #include "app/ui/ThemeService.h"
 #include "tests/support/TestMain.h"
 
-#include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QScrollArea>
 #include <QtWidgets/QScrollBar>
@@ -99,15 +98,11 @@ void IconPickerTest::asManyColumnsAsFit()
 void IconPickerTest::aClickChooses()
 {
     IconPickerFixture fixture(u"cube.fill"_s);
-    QSignalSpy chosen(&fixture.picker, &IconPicker::selectionChosen);
 
-    QTest::mouseClick(fixture.cells().at(6), Qt::LeftButton);
     QTest::mouseClick(fixture.cells().at(6), Qt::LeftButton);
 
     QCOMPARE(fixture.picker.selection(), u"drop.fill"_s);
     QCOMPARE(fixture.chosen(), QStringList{u"drop.fill"_s});
-    QCOMPARE(chosen.count(), 1);
-    QCOMPARE(chosen.first().first().toString(), u"drop.fill"_s);
 }
 
 void IconPickerTest::arrowKeysChooseAndScroll()
