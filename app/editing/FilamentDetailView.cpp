@@ -8,7 +8,6 @@
 
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QPushButton>
-#include <QtWidgets/QScrollArea>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -38,7 +37,7 @@ FilamentDetailView::FilamentDetailView(StoreContext& context, FilamentId filamen
     empty.colorHex = u"#FFFFFF"_s;
     m_form->setDraft(empty);
     body()->addWidget(m_form);
-    findChild<QScrollArea*>()->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    hideScrollBar();
 
     // Made after the form, and in this order: so does Tab go.
     m_deleteButton = new QPushButton(u"Supprimer"_s, this);

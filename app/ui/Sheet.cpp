@@ -95,6 +95,11 @@ void Sheet::setPadding(int padding)
     layout()->setContentsMargins(margin, margin, margin, margin);
 }
 
+void Sheet::hideScrollBar()
+{
+    m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+}
+
 void Sheet::setConfirmButton(QPushButton* button, ConfirmKey key)
 {
     m_confirmKey = key;

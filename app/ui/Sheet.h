@@ -35,6 +35,8 @@ public:
 
     /// The space around the content, 20 at first.
     void setPadding(int padding);
+    /// Shows no scroll bar; the wheel and the keys still scroll.
+    void hideScrollBar();
     /// The button that Return presses; it is given the default look.
     void setConfirmButton(QPushButton* button, ConfirmKey key = ConfirmKey::AnyReturn);
     /// The width and, where it is not 0, the height of what is seen, without the shadow.
