@@ -3,10 +3,10 @@
 #include "app/editing/ReferenceListModel.h"
 #include "app/editing/ReferenceRowDelegate.h"
 #include "app/editing/ReferenceTexts.h"
+#include "app/ui/ItemMenu.h"
 #include "app/ui/Symbol.h"
 
 #include <QtGui/QAction>
-#include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
@@ -108,17 +108,7 @@ void ReferenceListView::changeEvent(QEvent* event)
 
 void ReferenceListView::contextMenuEvent(QContextMenuEvent* event)
 {
-    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index
-        = isByKeyboard ? currentIndex() : indexAt(viewport()->mapFromGlobal(event->globalPos()));
-    if (!index.isValid())
-        return;
-    setCurrentIndex(index);
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addActions(actions());
-    menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
-                             : event->globalPos());
+    openItemMenu(*this, *event, [this](QMenu& menu) { menu.addActions(actions()); });
 }
 
 void ReferenceListView::mousePressEvent(QMouseEvent* event)

@@ -2,10 +2,9 @@
 
 #include "app/library/FilamentTableModel.h"
 #include "app/library/SpoolActions.h"
+#include "app/ui/ItemMenu.h"
 
-#include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QAbstractItemView>
-#include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
 namespace reelhouse {
@@ -70,18 +69,7 @@ void SelectedFilament::restore(int column)
 
 void SelectedFilament::openMenu(const QContextMenuEvent& event)
 {
-    const bool isByKeyboard = event.reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index = isByKeyboard
-        ? m_view.currentIndex()
-        : m_view.indexAt(m_view.viewport()->mapFromGlobal(event.globalPos()));
-    if (!index.isValid())
-        return;
-    m_view.selectionModel()->setCurrentIndex(index, selectWholeRow);
-    auto* menu = new QMenu(&m_view);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    m_actions.addTo(*menu);
-    menu->popup(isByKeyboard ? m_view.viewport()->mapToGlobal(m_view.visualRect(index).bottomLeft())
-                             : event.globalPos());
+    openItemMenu(m_view, event, [this](QMenu& menu) { m_actions.addTo(menu); });
 }
 
 } // namespace reelhouse
