@@ -1,6 +1,7 @@
 #include "app/editing/IconPicker.h"
 
 #include "app/ui/ColorMath.h"
+#include "app/ui/FocusRing.h"
 #include "app/ui/RoundedPanel.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/Theme.h"
@@ -58,11 +59,8 @@ void IconCell::paintEvent(QPaintEvent*)
     QRect symbolRect(0, 0, cellSymbolSide, cellSymbolSide);
     symbolRect.moveCenter(rect().center());
     paintSymbol(painter, symbolRect, m_symbol, isChecked() ? theme.accentText : theme.textPrimary);
-    if (hasFocus() && option.state.testFlag(QStyle::State_KeyboardFocusChange)) {
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(theme.accent, 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cellRadius, cellRadius);
-    }
+    if (showsFocusRing(option))
+        paintFocusRing(painter, rect(), cellRadius, theme);
 }
 
 /// Lays the cells out in rows, the space that is left shared between them.

@@ -3,6 +3,7 @@
 #include "app/editing/ReferenceListModel.h"
 #include "app/editing/ReferenceUsageLabel.h"
 #include "app/ui/ColorMath.h"
+#include "app/ui/FocusRing.h"
 #include "app/ui/PlainToolTip.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
@@ -34,6 +35,7 @@ constexpr qreal chipEdge = 1.5;
 constexpr int chipsGap = 12;
 constexpr int moreGap = 8;
 constexpr int entryLineGap = 2;
+constexpr qreal ringRadius = 9;
 
 const ReferenceListModel& modelOf(const QModelIndex& index)
 {
@@ -158,11 +160,8 @@ void ReferenceRowDelegate::paint(
     paintChips(*painter, usage, row, ground);
 
     if (option.state.testFlag(QStyle::State_HasFocus)
-        && view->window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter->setBrush(Qt::NoBrush);
-        painter->setPen(QPen(theme.accent, 2));
-        painter->drawRoundedRect(QRectF(row).adjusted(1, 1, -1, -2), 8, 8);
-    }
+        && view->window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        paintFocusRing(*painter, row.adjusted(0, 0, 0, -1), ringRadius, theme);
     painter->restore();
 }
 

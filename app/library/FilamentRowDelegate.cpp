@@ -4,6 +4,7 @@
 #include "app/library/ListView.h"
 #include "app/library/RowLayout.h"
 #include "app/ui/ColorMath.h"
+#include "app/ui/FocusRing.h"
 #include "app/ui/PlainToolTip.h"
 #include "app/ui/Swatch.h"
 #include "app/ui/Symbol.h"
@@ -98,11 +99,8 @@ void FilamentRowDelegate::paintGround(
     }
     const bool isKeyboardFocus = option.state.testFlag(QStyle::State_KeyboardFocusChange)
         || m_list.window()->testAttribute(Qt::WA_KeyboardFocusChange);
-    if (m_list.hasFocus() && m_list.currentIndex().row() == row && isKeyboardFocus) {
-        painter->setBrush(Qt::NoBrush);
-        painter->setPen(QPen(theme.accent, 2));
-        painter->drawRoundedRect(rowRect.adjusted(1, 1, -1, -1), rowRadius - 1, rowRadius - 1);
-    }
+    if (m_list.hasFocus() && m_list.currentIndex().row() == row && isKeyboardFocus)
+        paintFocusRing(*painter, rowRect, rowRadius, theme);
 }
 
 bool FilamentRowDelegate::hasStepButtons(

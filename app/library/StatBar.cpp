@@ -1,5 +1,6 @@
 #include "app/library/StatBar.h"
 
+#include "app/ui/FocusRing.h"
 #include "app/ui/PlainToolTip.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int trackHeight = 8;
 constexpr qreal statTrackRadius = 4;
+constexpr qreal statRingRadius = 5;
 constexpr int labelGap = 5;
 constexpr int statSymbolSide = 14;
 constexpr int statSymbolGap = 8;
@@ -113,11 +115,8 @@ void StatBar::paintEvent(QPaintEvent*)
     painter.setClipPath(rounded);
     painter.fillRect(filled, theme.*m_color);
     painter.setClipping(false);
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter.setPen(QPen(theme.accent, 2));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
-    }
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        paintFocusRing(painter, rect(), statRingRadius, theme);
 }
 
 void StatBar::keyPressEvent(QKeyEvent* event)

@@ -1,5 +1,6 @@
 #include "app/shell/SidebarDelegate.h"
 
+#include "app/ui/FocusRing.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "app/ui/Theme.h"
@@ -89,12 +90,8 @@ void SidebarDelegate::paint(
             painter->drawRoundedRect(row, rowRadius, rowRadius);
         }
         if (option.state.testFlag(QStyle::State_HasFocus)
-            && option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-            painter->setBrush(Qt::NoBrush);
-            painter->setPen(QPen(theme.accent, 2));
-            painter->drawRoundedRect(
-                QRectF(row).adjusted(1, 1, -1, -1), rowRadius - 1, rowRadius - 1);
-        }
+            && option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange))
+            paintFocusRing(*painter, row, rowRadius, theme);
         const bool isCommand = entryOf(index) == SidebarEntry::Command;
         QRect symbolRect(0, 0, symbolSize, symbolSize);
         symbolRect.moveCenter(row.center());
