@@ -1,15 +1,16 @@
 #include "app/ui/Stepper.h"
 
+#include "app/ui/AccessibleStepper.h"
 #include "app/ui/ColorMath.h"
 #include "app/ui/FocusRing.h"
 #include "app/ui/RoundedPanel.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/Theme.h"
 
+#include <QtGui/QAccessible>
 #include <QtGui/QKeyEvent>
 #include <QtGui/QPainter>
 #include <QtGui/QPainterPath>
-#include <QtWidgets/QAccessibleWidget>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QStyleOption>
 
@@ -28,48 +29,6 @@ constexpr int bigStep = 10;
 constexpr int typingPauseMs = 1000;
 constexpr int firstRepetitionMs = 400;
 constexpr int nextRepetitionMs = 60;
-
-/// A spin box to assistive technology, which may also set its number.
-class AccessibleStepper final : public QAccessibleWidget, public QAccessibleValueInterface {
-public:
-    explicit AccessibleStepper(Stepper* stepper)
-        : QAccessibleWidget(stepper, QAccessible::SpinBox)
-    {
-    }
-
-    static QAccessibleInterface* make(const QString&, QObject* object)
-    {
-        auto* stepper = qobject_cast<Stepper*>(object);
-        return stepper ? new AccessibleStepper(stepper) : nullptr;
-    }
-
-    void* interface_cast(QAccessible::InterfaceType type) override
-    {
-        if (type == QAccessible::ValueInterface)
-            return static_cast<QAccessibleValueInterface*>(this);
-        return QAccessibleWidget::interface_cast(type);
-    }
-    QString text(QAccessible::Text kind) const override
-    {
-        if (kind == QAccessible::Value)
-            return QString::number(stepper()->value());
-        return QAccessibleWidget::text(kind);
-    }
-    QVariant currentValue() const override { return stepper()->value(); }
-    QVariant maximumValue() const override { return stepper()->maximum(); }
-    QVariant minimumValue() const override { return stepper()->minimum(); }
-    QVariant minimumStepSize() const override { return 1; }
-    void setCurrentValue(const QVariant& value) override
-    {
-        const qint64 wanted = std::clamp(value.toLongLong(), stepper()->minimum(),
-            std::max(stepper()->minimum(), stepper()->maximum()));
-        const qint64 distance = wanted - stepper()->value();
-        stepper()->step(int(std::clamp<qint64>(distance, -1'000'000, 1'000'000)));
-    }
-
-private:
-    Stepper* stepper() const { return static_cast<Stepper*>(object()); }
-};
 
 } // namespace
 
