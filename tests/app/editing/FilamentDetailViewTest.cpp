@@ -1,16 +1,12 @@
-#include "app/editing/FilamentDetailView.h"
-
 #include "app/editing/FilamentDraft.h"
 #include "app/ui/Alert.h"
-#include "tests/app/editing/EditorFixture.h"
+#include "tests/app/editing/DetailFixture.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QScrollArea>
-
-#include <limits>
 
 using namespace reelhouse;
 using namespace reelhouse::tests;
@@ -29,55 +25,12 @@ private slots:
     void returnWithoutAChangeDoesNothing();
     void cancellingWritesNothing_data();
     void cancellingWritesNothing();
-    void itLoadsOnceForEachOpening();
-    void noSpoolIsShownAndSavedAsOne();
-    void aCountBeyond99Stays();
     void neitherTypeNorBrandIsNeeded();
     void deletingAsksFirst_data();
     void deletingAsksFirst();
-    void itOutlivesItsFilament();
-    void itOutlivesAChosenEntry();
     void everyControlHasAName();
     void tabFollowsTheReadingOrder();
-    void theTitleSaysWhatIsEdited_data();
-    void theTitleSaysWhatIsEdited();
-    void aWrongColorCodeIsBlackAndKept();
 };
-
-namespace {
-
-struct DetailFixture : EditorFixture {
-    explicit DetailFixture(qint64 spools = 3, qint64 openedSpools = 1)
-    {
-        Filament::Values values;
-        values.spoolsCount = spools;
-        values.openedSpoolsCount = openedSpools;
-        values.colorHex = u"#8E24AA"_s;
-        values.colorName = u"Violet améthyste"_s;
-        values.notes = u"TPU violet"_s;
-        Filament& filament = context.insert(std::make_unique<Filament>(values));
-        id = filament.id();
-        filament.setType(&pla2);
-        filament.setBrand(&acme);
-        filament.setLocation(&shelf);
-        context.processPendingChanges();
-        context.clearHistory();
-    }
-
-    EditorControls open()
-    {
-        sheet = std::make_unique<FilamentDetailView>(context, id, &window);
-        sheet->open();
-        QCoreApplication::processEvents();
-        return EditorControls(*sheet);
-    }
-    Filament* filament() { return context.find(id); }
-
-    FilamentId id;
-    std::unique_ptr<FilamentDetailView> sheet;
-};
-
-} // namespace
 
 void FilamentDetailViewTest::itShowsTheFilament()
 {
@@ -248,52 +201,6 @@ void FilamentDetailViewTest::cancellingWritesNothing()
     QVERIFY(fixture.context.undoActionName().isEmpty());
 }
 
-void FilamentDetailViewTest::itLoadsOnceForEachOpening()
-{
-    DetailFixture fixture;
-    const EditorControls controls = fixture.open();
-    controls.spools()->step(5);
-
-    fixture.sheet->hide();
-    fixture.sheet->show();
-
-    QCOMPARE(controls.spools()->value(), 8);
-    QCOMPARE(fixture.open().spools()->value(), 3);
-}
-
-void FilamentDetailViewTest::noSpoolIsShownAndSavedAsOne()
-{
-    DetailFixture fixture(0, 0);
-
-    const EditorControls controls = fixture.open();
-    QCOMPARE(controls.spools()->value(), 1);
-    QVERIFY(controls.button(u"Enregistrer"_s)->isEnabled());
-
-    controls.button(u"Enregistrer"_s)->click();
-    QCOMPARE(fixture.filament()->spoolsCount(), 1);
-}
-
-void FilamentDetailViewTest::aCountBeyond99Stays()
-{
-    constexpr qint64 count = std::numeric_limits<qint64>::max();
-    DetailFixture fixture(count, 120);
-    const EditorControls controls = fixture.open();
-    QCOMPARE(controls.spools()->label()->text(), u"Nombre de bobines: 9223372036854775807"_s);
-    QCOMPARE(controls.opened()->value(), 120);
-    QVERIFY(!controls.button(u"Enregistrer"_s)->isEnabled());
-    QVERIFY(!controls.spools()->canStep(1));
-
-    QTest::keyClicks(controls.notes(), u"x"_s);
-    controls.button(u"Enregistrer"_s)->click();
-    QCOMPARE(fixture.filament()->spoolsCount(), count);
-    QCOMPARE(fixture.filament()->openedSpoolsCount(), 120);
-
-    const EditorControls again = fixture.open();
-    again.spools()->step(-1);
-    QCOMPARE(again.spools()->value(), 99);
-    QCOMPARE(again.opened()->value(), 99);
-}
-
 void FilamentDetailViewTest::neitherTypeNorBrandIsNeeded()
 {
     DetailFixture fixture;
@@ -344,48 +251,6 @@ void FilamentDetailViewTest::deletingAsksFirst()
     QCOMPARE(fixture.context.undoActionName(), isDeleted ? u"Supprimer"_s : QString());
 }
 
-void FilamentDetailViewTest::itOutlivesItsFilament()
-{
-    DetailFixture fixture;
-    const EditorControls controls = fixture.open();
-    controls.spools()->step(1);
-    fixture.context.perform(u"ailleurs"_s, [&] { fixture.context.remove(*fixture.filament()); });
-    // Before anybody was told.
-    controls.opened()->step(1);
-    QVERIFY(!controls.button(u"Enregistrer"_s)->isEnabled());
-    fixture.context.processPendingChanges();
-
-    QVERIFY(fixture.sheet->isVisible());
-    QVERIFY(!controls.button(u"Enregistrer"_s)->isEnabled());
-    QVERIFY(!controls.button(u"Supprimer"_s)->isEnabled());
-    QVERIFY(controls.button(u"Annuler"_s)->isEnabled());
-
-    fixture.context.undo();
-    fixture.context.processPendingChanges();
-    QVERIFY(controls.button(u"Enregistrer"_s)->isEnabled());
-    controls.button(u"Enregistrer"_s)->click();
-    QCOMPARE(fixture.filament()->spoolsCount(), 4);
-}
-
-void FilamentDetailViewTest::itOutlivesAChosenEntry()
-{
-    DetailFixture fixture;
-    const EditorControls controls = fixture.open();
-    EditorControls::choose(*controls.picker(u"Type"_s), u"ABS"_s);
-    EditorControls::choose(*controls.picker(u"Gamme"_s), u"Mat"_s);
-
-    fixture.context.remove(fixture.abs);
-    fixture.context.remove(fixture.acme);
-    fixture.context.processPendingChanges();
-
-    QCOMPARE(controls.picker(u"Type"_s)->currentText(), u"Aucun"_s);
-    QCOMPARE(controls.picker(u"Marque"_s)->currentText(), u"Aucune"_s);
-    controls.button(u"Enregistrer"_s)->click();
-    QVERIFY(!fixture.filament()->type());
-    QVERIFY(!fixture.filament()->brand());
-    QCOMPARE(fixture.filament()->range(), &fixture.mat);
-}
-
 void FilamentDetailViewTest::everyControlHasAName()
 {
     DetailFixture fixture;
@@ -413,45 +278,6 @@ void FilamentDetailViewTest::tabFollowsTheReadingOrder()
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     }
     QCOMPARE(QApplication::focusWidget(), expected.first());
-}
-
-void FilamentDetailViewTest::theTitleSaysWhatIsEdited_data()
-{
-    QTest::addColumn<QString>("colorName");
-    QTest::addColumn<bool>("hasType");
-    QTest::addColumn<QString>("expected");
-
-    QTest::newRow("the colour's name") << u" Rouge\nvif "_s << true << u"Rouge vif"_s;
-    QTest::newRow("the type without one") << u"  "_s << true << u"pla 2"_s;
-    QTest::newRow("neither") << QString() << false << u"Filament"_s;
-}
-
-void FilamentDetailViewTest::theTitleSaysWhatIsEdited()
-{
-    QFETCH(QString, colorName);
-    QFETCH(bool, hasType);
-    DetailFixture fixture;
-    fixture.filament()->setColorName(colorName);
-    if (!hasType)
-        fixture.filament()->setType(nullptr);
-
-    fixture.open();
-
-    QTEST(fixture.sheet->windowTitle(), "expected");
-}
-
-void FilamentDetailViewTest::aWrongColorCodeIsBlackAndKept()
-{
-    DetailFixture fixture;
-    fixture.filament()->setColorHex(u"rouge\nvif "_s.repeated(20));
-    const EditorControls controls = fixture.open();
-    QCOMPARE(controls.color()->color(), QColor(Qt::black));
-    QVERIFY(!controls.button(u"Enregistrer"_s)->isEnabled());
-
-    controls.spools()->step(1);
-    controls.button(u"Enregistrer"_s)->click();
-
-    QCOMPARE(fixture.filament()->colorHex(), u"rouge\nvif "_s.repeated(20));
 }
 
 REELHOUSE_TEST(FilamentDetailViewTest)
