@@ -1,16 +1,7 @@
-#include "app/store/SqliteStore.h"
-#include "app/store/StoreContainer.h"
 #include "bench/BesideFloor.h"
+#include "bench/Memory.h"
 #include "bench/PlainStore.h"
-#include "tests/support/StockGenerator.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QTemporaryDir>
-
-#include <malloc.h>
-#include <map>
+#include "bench/StoreWorkplace.h"
 
 using namespace Qt::StringLiterals;
 
@@ -18,60 +9,7 @@ namespace reelhouse::bench {
 
 namespace {
 
-std::unique_ptr<StoreContainer> openStock(const QString& path)
-{
-    auto store = SqliteStore::openFile(path);
-    if (!store)
-        qFatal("%s", qPrintable(store.error().description()));
-    auto container = StoreContainer::load(std::move(store.value()), StoreKind::File, path);
-    if (!container)
-        qFatal("%s", qPrintable(container.error().description()));
-    return std::move(container.value());
-}
-
-void save(StoreContext& context)
-{
-    if (const auto error = context.save())
-        qFatal("%s", qPrintable(error->description()));
-}
-
-/// A folder for stores beside this program: on a disk, as the temporary folder may not be.
-class Workplace final {
-public:
-    explicit Workplace(const char* program)
-        : m_folder(QFileInfo(QFile::decodeName(program)).dir().filePath(u"stocks-XXXXXX"_s))
-    {
-    }
-
-    QString filePath(const QString& name) const { return m_folder.filePath(name); }
-
-    /// The path of a store with so many filaments, made once.
-    QString stockOf(int filaments)
-    {
-        QString& path = m_stocks[filaments];
-        if (path.isEmpty()) {
-            path = filePath(QString::number(filaments) + u".store"_s);
-            const auto container = openStock(path);
-            tests::generateStock(container->context(), filaments);
-            save(container->context());
-        }
-        return path;
-    }
-
-    QString copyOf(const QString& path, const QString& name) const
-    {
-        QString copy = filePath(name);
-        QFile::remove(copy);
-        QFile::copy(path, copy);
-        return copy;
-    }
-
-private:
-    QTemporaryDir m_folder;
-    std::map<int, QString> m_stocks;
-};
-
-void open(benchmark::State& state, Workplace& workplace)
+void open(benchmark::State& state, StoreWorkplace& workplace)
 {
     const QString path = workplace.stockOf(int(state.range()));
     const auto ours = [&] {
@@ -90,7 +28,7 @@ void open(benchmark::State& state, Workplace& workplace)
     measureBesideFloor(state, ours, floor);
 }
 
-void saveOneCount(benchmark::State& state, Workplace& workplace)
+void saveOneCount(benchmark::State& state, StoreWorkplace& workplace)
 {
     const QString path = workplace.stockOf(int(state.range()));
     const auto container = openStock(workplace.copyOf(path, u"ours.store"_s));
@@ -109,16 +47,7 @@ void saveOneCount(benchmark::State& state, Workplace& workplace)
     measureBesideFloor(state, ours, floor);
 }
 
-/// Makes a store at `path` that has the generator's reference entries and no filament.
-void makeShelves(const QString& path)
-{
-    QFile::remove(path);
-    const auto container = openStock(path);
-    tests::generateStock(container->context(), 0);
-    save(container->context());
-}
-
-void saveNewFilaments(benchmark::State& state, Workplace& workplace)
+void saveNewFilaments(benchmark::State& state, StoreWorkplace& workplace)
 {
     const int filaments = int(state.range());
     std::vector<PlainRow> rows;
@@ -141,31 +70,22 @@ void saveNewFilaments(benchmark::State& state, Workplace& workplace)
     measureBesideFloor(state, ours, floor);
 }
 
-/// The memory of this process that is in RAM, in bytes.
-qint64 residentBytes()
-{
-    QFile file(u"/proc/self/statm"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("The system does not tell how much memory is used.");
-    return file.readAll().split(' ').at(1).toLongLong() * 4096;
-}
-
-void residentMemory(benchmark::State& state, Workplace& workplace)
+void residentMemory(benchmark::State& state, StoreWorkplace& workplace)
 {
     const QString path = workplace.stockOf(int(state.range()));
     double bytes = 0;
     while (state.KeepRunning()) {
         malloc_trim(0); // What earlier measurements freed would be used again unseen.
-        const qint64 before = residentBytes();
+        const qint64 before = processBytes("VmRSS");
         const auto container = openStock(path);
-        bytes = double(residentBytes() - before);
+        bytes = double(processBytes("VmRSS") - before);
     }
     state.counters["bytes_per_filament"] = bytes / double(state.range());
 }
 
-void registerFor(int filaments, Workplace& workplace)
+void registerFor(int filaments, StoreWorkplace& workplace)
 {
-    using Function = void (*)(benchmark::State&, Workplace&);
+    using Function = void (*)(benchmark::State&, StoreWorkplace&);
     const auto add = [&](const char* name, Function function) {
         return benchmark::RegisterBenchmark(
             name, [function, &workplace](benchmark::State& state) { function(state, workplace); })
@@ -186,7 +106,7 @@ void registerFor(int filaments, Workplace& workplace)
 int main(int argc, char* argv[])
 {
     benchmark::Initialize(&argc, argv);
-    reelhouse::bench::Workplace workplace(argv[0]);
+    reelhouse::bench::StoreWorkplace workplace(argv[0]);
     for (const int filaments : {1000, 100000, 1000000})
         reelhouse::bench::registerFor(filaments, workplace);
     benchmark::RunSpecifiedBenchmarks();
