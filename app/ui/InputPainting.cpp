@@ -152,7 +152,8 @@ void paintScrollBar(
                                     : QRectF(slider).adjusted(side, 3, -side, -3);
     const bool isActive = (option.activeSubControls & QStyle::SC_ScrollBarSlider) != 0
         && (option.state & (QStyle::State_MouseOver | QStyle::State_Sunken)) != 0;
-    paintRoundedPanel(painter, bar, sliderThickness / 2, isActive ? theme.control : theme.scroller);
+    paintRoundedPanel(
+        painter, bar, sliderThickness / 2, isActive ? theme.textTertiary : theme.scroller);
 }
 
 void paintProgressBar(QPainter& painter, const QStyleOptionProgressBar& option)
