@@ -1,9 +1,8 @@
 #include "app/editing/DuplicateNameHint.h"
 
+#include "app/ui/Announcement.h"
 #include "app/ui/Palette.h"
 #include "app/ui/TextStyle.h"
-
-#include <QtGui/QAccessible>
 
 using namespace Qt::StringLiterals;
 
@@ -25,10 +24,8 @@ void DuplicateNameHint::setDuplicate(bool isDuplicate)
     if (isDuplicate == !isHidden())
         return;
     setVisible(isDuplicate);
-    if (isDuplicate) {
-        QAccessibleEvent event(this, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
-    }
+    if (isDuplicate)
+        announce(this);
 }
 
 } // namespace reelhouse

@@ -64,6 +64,7 @@ void BackupReport::showMessage(BackupOutcome outcome, const QString& text)
     const ReportLook look = reportLook(outcome);
     m_icon->setIcon(symbolIcon(look.symbol, look.color));
     setTextTone(m_label, look.tone);
+    m_label->clear(); // The same sentence once more is news too.
     m_label->setText(text);
     fitText();
     m_icon->show();

@@ -114,6 +114,7 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
     const int textWidth = m_label->fontMetrics().size(0, text).width() + 2;
     m_panel->setMaximumWidth(
         std::min(widestLine, 2 * linePadding + lineIconSide + iconGap + textWidth));
+    m_label->clear(); // The same sentence once more is news too.
     m_label->setText(text);
     m_panel->setVisible(true);
     if (kind == StatusKind::Progress)
