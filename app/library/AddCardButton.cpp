@@ -54,15 +54,15 @@ void AddCardButton::paintEvent(QPaintEvent*)
     painter.drawRoundedRect(frame, CardLayout::radius, CardLayout::radius);
 
     const QColor ink = isHovered ? theme.textPrimary : theme.textSecondary;
-    const int textHeight = fontMetrics().height();
+    const QRect textRoom(0, 0, width() - 2 * CardLayout::padding, height());
+    const int textHeight = fontMetrics().boundingRect(textRoom, Qt::TextWordWrap, text()).height();
     const int top = (height() - addSymbolSide - addSymbolGap - textHeight) / 2;
     paintSymbol(painter, QRectF((width() - addSymbolSide) / 2.0, top, addSymbolSide, addSymbolSide),
         u"plus"_s, ink);
     painter.setPen(ink);
-    const QRect textRect(CardLayout::padding, top + addSymbolSide + addSymbolGap,
-        width() - 2 * CardLayout::padding, textHeight);
-    painter.drawText(textRect, Qt::AlignCenter | Qt::TextSingleLine,
-        fontMetrics().elidedText(text(), Qt::ElideRight, textRect.width()));
+    const QRect textRect(
+        CardLayout::padding, top + addSymbolSide + addSymbolGap, textRoom.width(), textHeight);
+    painter.drawText(textRect, Qt::AlignCenter | Qt::TextWordWrap, text());
 }
 
 } // namespace reelhouse

@@ -8,6 +8,15 @@
 
 namespace reelhouse {
 
+namespace {
+
+int titlePadding(int column)
+{
+    return column == 0 ? RowLayout::firstPadding : RowLayout::cellPadding;
+}
+
+} // namespace
+
 ListHeader::ListHeader(QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent)
 {
@@ -22,10 +31,17 @@ QSize ListHeader::sizeHint() const
     return {QHeaderView::sizeHint().width(), height};
 }
 
+QSize ListHeader::sectionSizeFromContents(int column) const
+{
+    const QString title = model()->headerData(column, orientation()).toString();
+    return {titlePadding(column) + RowLayout::cellPadding
+            + QFontMetrics(fontOf(TextStyle::Header)).horizontalAdvance(title) + 1,
+        sizeHint().height()};
+}
+
 void ListHeader::paintSection(QPainter* painter, const QRect& rect, int column) const
 {
-    const int padding = column == 0 ? RowLayout::firstPadding : RowLayout::cellPadding;
-    const QRect textRect = rect.adjusted(padding, 0, -RowLayout::cellPadding, 0);
+    const QRect textRect = rect.adjusted(titlePadding(column), 0, -RowLayout::cellPadding, 0);
     const QString title = model()->headerData(column, orientation()).toString();
     painter->setFont(fontOf(TextStyle::Header));
     painter->setPen(currentTheme().textSecondary);

@@ -14,6 +14,8 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    /// As wide as the title.
+    QSize sectionSizeFromContents(int column) const override;
     void paintSection(QPainter* painter, const QRect& rect, int column) const override;
     void paintEvent(QPaintEvent* event) override;
 };

@@ -46,7 +46,7 @@ Remainder remainderOf(int available, const std::vector<int>& widths)
 
 } // namespace
 
-std::vector<int> listColumnWidths(int available)
+std::vector<int> listColumnWidths(int available, const std::vector<int>& titles)
 {
     std::vector<int> widths(columnShares.size(), 0);
     // A column whose share is too small takes its minimum; the others share what is left anew.
@@ -54,7 +54,9 @@ std::vector<int> listColumnWidths(int available)
         isSettled = true;
         const Remainder remainder = remainderOf(available, widths);
         for (size_t column = 0; column < widths.size(); ++column) {
-            const auto [share, minimum] = columnShares[column];
+            const int share = columnShares[column].share;
+            const int minimum = std::max(
+                columnShares[column].minimum, column < titles.size() ? titles[column] : 0);
             if (widths[column] == 0 && remainder.width * share < minimum * remainder.shares) {
                 widths[column] = minimum;
                 isSettled = false;
@@ -125,6 +127,8 @@ void ListView::updateMetrics()
 {
     verticalHeader()->setDefaultSectionSize(FilamentRowDelegate::rowHeight());
     horizontalHeader()->updateGeometry();
+    if (!m_hasOwnWidths)
+        shareColumns();
 }
 
 void ListView::resizeEvent(QResizeEvent* event)
@@ -137,7 +141,10 @@ void ListView::resizeEvent(QResizeEvent* event)
 void ListView::shareColumns()
 {
     const QScopedValueRollback sharing(m_isSharingColumns, true);
-    const std::vector<int> widths = listColumnWidths(viewport()->width());
+    std::vector<int> titles;
+    for (int column = 0; column < m_model->columnCount(); ++column)
+        titles.push_back(horizontalHeader()->sectionSizeHint(column));
+    const std::vector<int> widths = listColumnWidths(viewport()->width(), titles);
     for (size_t column = 0; column < widths.size(); ++column)
         setColumnWidth(int(column), widths[column]);
 }

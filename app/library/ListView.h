@@ -63,7 +63,7 @@ private:
 };
 
 /// Widths of the five columns in a list `available` wide: in fixed shares, never below what each
-/// column needs.
-std::vector<int> listColumnWidths(int available);
+/// column needs, or the `titles` over them where those are wider.
+std::vector<int> listColumnWidths(int available, const std::vector<int>& titles = {});
 
 } // namespace reelhouse

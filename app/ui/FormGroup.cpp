@@ -20,6 +20,13 @@ constexpr int groupRowGap = 10;
 constexpr QMargins groupRowMargins(14, 4, 12, 4);
 constexpr QMargins tallRowMargins(14, 9, 12, 9);
 
+/// Rows are higher where their texts are.
+void addLeastHeight(QHBoxLayout& row)
+{
+    const QMargins margins = row.contentsMargins();
+    row.addStrut(leastRowHeight - margins.top() - margins.bottom());
+}
+
 } // namespace
 
 FormGroup::FormGroup(QWidget* parent)
@@ -50,9 +57,9 @@ void FormGroup::addRow(QLabel* label, QWidget* control)
 void FormGroup::addRow(QWidget* content)
 {
     auto* row = new QWidget(this);
-    row->setMinimumHeight(leastRowHeight);
     auto* line = new QHBoxLayout(row);
     line->setContentsMargins(groupRowMargins);
+    addLeastHeight(*line);
     line->addWidget(content);
     m_column->addWidget(row);
 }
@@ -69,13 +76,13 @@ QWidget* FormGroup::addRowOf(
     QLabel* label, QWidget* note, QWidget* control, Qt::Alignment labelPlace)
 {
     auto* row = new QWidget(this);
-    row->setMinimumHeight(leastRowHeight);
     auto* line = new QHBoxLayout(row);
     const QMargins ring = control->contentsMargins();
     line->setContentsMargins(groupRowMargins.left(),
         std::max(0, groupRowMargins.top() - ring.top()),
         std::max(0, groupRowMargins.right() - ring.right()),
         std::max(0, groupRowMargins.bottom() - ring.bottom()));
+    addLeastHeight(*line);
     line->setSpacing(groupRowGap);
     line->addWidget(label, 0, labelPlace);
     line->addStretch();

@@ -32,6 +32,7 @@ constexpr int shadowDrop = 6;
 constexpr qreal roundedCorner = 14;
 constexpr qreal shadowStrength = 0.30;
 constexpr int windowMargin = 48;
+constexpr qreal designedPointSize = 10;
 
 /// A soft shadow: rounded rectangles laid over one another, each a little smaller.
 void paintShadow(QPainter& painter, const QRectF& panel)
@@ -46,6 +47,12 @@ void paintShadow(QPainter& painter, const QRectF& panel)
         painter.drawRoundedRect(layer, roundedCorner + spread, roundedCorner + spread);
     }
     painter.restore();
+}
+
+/// How many times larger than in the design the texts are.
+qreal textGrowth(const QWidget& widget)
+{
+    return std::max(1.0, widget.fontInfo().pointSizeF() / designedPointSize);
 }
 
 } // namespace
@@ -134,7 +141,11 @@ void Sheet::fitIntoWindow()
 {
     const int shadow = m_isTranslucent ? 2 * shadowMargin : 0;
     const QMargins margins = layout()->contentsMargins();
-    const int contentWidth = m_panelWidth + shadow - margins.left() - margins.right();
+    const qreal growth = textGrowth(*this);
+    int width = qRound(growth * m_panelWidth) + shadow;
+    if (parentWidget() != nullptr)
+        width = std::min(width, parentWidget()->window()->width() - windowMargin + shadow);
+    const int contentWidth = width - margins.left() - margins.right();
     QLayout* content = m_scrollArea->widget()->layout();
     content->activate();
     const int contentHeight = content->hasHeightForWidth()
@@ -144,10 +155,10 @@ void Sheet::fitIntoWindow()
 
     int height = contentHeight + rowHeight + margins.top() + margins.bottom();
     if (m_panelHeight > 0)
-        height = m_panelHeight + shadow;
+        height = qRound(growth * m_panelHeight) + shadow;
     if (parentWidget() != nullptr)
         height = std::min(height, parentWidget()->window()->height() - windowMargin + shadow);
-    setFixedSize(m_panelWidth + shadow, height);
+    setFixedSize(width, height);
     // A scroll bar that was needed takes the width without which texts wrap into more lines, and
     // would stay for ever.
     layout()->activate();

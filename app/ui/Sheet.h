@@ -25,7 +25,8 @@ class Sheet : public QDialog {
     Q_OBJECT
 
 public:
-    /// `title` is what assistive technology calls it; it is not drawn. `width` in pixels.
+    /// `title` is what assistive technology calls it; it is not drawn. `width` in pixels, for texts
+    /// of 10 points: with larger ones a sheet is as much wider, within its window.
     Sheet(const QString& title, int width, QWidget* parent);
     ~Sheet() override;
 
@@ -39,7 +40,8 @@ public:
     void hideScrollBar();
     /// The button that Return presses; it is given the default look.
     void setConfirmButton(QPushButton* button, ConfirmKey key = ConfirmKey::AnyReturn);
-    /// The width and, where it is not 0, the height of what is seen, without the shadow.
+    /// The width and, where it is not 0, the height of what is seen, without the shadow; both for
+    /// texts of 10 points.
     void setPanelSize(int width, int height = 0);
 
     /// What is seen of the sheet, without its shadow, in its own coordinates.

@@ -25,6 +25,7 @@ class ListViewTest final : public QObject {
 private slots:
     void columnsShareTheWidth_data();
     void columnsShareTheWidth();
+    void noTitleIsCut();
     void aDraggedColumnKeepsItsWidth();
     void plusAndMinusChangeTheCount();
     void twoQuickClicksCountTwiceAndOpenNothing();
@@ -95,6 +96,30 @@ void ListViewTest::columnsShareTheWidth()
     const std::vector<int> widths = listColumnWidths(available);
 
     QTEST(QList<int>(widths.begin(), widths.end()), "expected");
+}
+
+void ListViewTest::noTitleIsCut()
+{
+    const std::vector<int> widths = listColumnWidths(700, {300, 0, 0, 140, 0});
+    QCOMPARE(widths.at(0), 300);
+    QCOMPARE(widths.at(3), 140);
+
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(20);
+    QApplication::setFont(large);
+    {
+        const ListViewFixture fixture(1);
+        const QHeaderView& header = *fixture.list.horizontalHeader();
+        QFont font = large;
+        font.setPointSizeF(large.pointSizeF() * 0.85);
+        font.setWeight(QFont::DemiBold);
+        for (int column = 0; column < header.count(); ++column) {
+            const QString title = header.model()->headerData(column, Qt::Horizontal).toString();
+            QVERIFY(header.sectionSize(column) > QFontMetrics(font).horizontalAdvance(title));
+        }
+    }
+    QApplication::setFont(usual);
 }
 
 void ListViewTest::aDraggedColumnKeepsItsWidth()

@@ -34,6 +34,7 @@ private slots:
     void tabLeavesTheNotes();
     void theSwatchIsSpoken();
     void aToggleIsACheckBox();
+    void rowsAreHighEnoughForTheirTexts();
 };
 
 namespace {
@@ -47,6 +48,22 @@ QString numberedLines(int count)
 }
 
 } // namespace
+
+void FormControlsTest::rowsAreHighEnoughForTheirTexts()
+{
+    FormGroup group;
+    QLabel* large = group.addRow(u"Nom"_s, new Toggle);
+    const QLabel* usual = group.addRow(u"Gamme"_s, new Toggle);
+    QFont font = large->font();
+    font.setPixelSize(60);
+    large->setFont(font);
+
+    group.resize(300, group.minimumSizeHint().height());
+    group.show();
+
+    QVERIFY(large->height() >= large->fontMetrics().height());
+    QCOMPARE(usual->parentWidget()->height(), 36);
+}
 
 void FormControlsTest::everyControlOfAGroupIsNamed()
 {

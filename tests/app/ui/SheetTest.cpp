@@ -32,6 +32,7 @@ private slots:
     void theScrimFollowsTheWindow();
     void itIsNeverHigherThanTheWindow();
     void whatDoesNotFitIsReachedByKey();
+    void itGrowsWithTheFont();
     void keysCloseIt_data();
     void keysCloseIt();
     void withControlReturnTheTextKeepsItsLineBreak();
@@ -133,6 +134,29 @@ void SheetTest::theScrimFollowsTheWindow()
     QCOMPARE(open.scrim()->size(), QSize(1300, 900));
     const QPoint offset = open.sheet().geometry().center() - open.window().geometry().center();
     QVERIFY(offset.manhattanLength() <= 2);
+}
+
+void SheetTest::itGrowsWithTheFont()
+{
+    QWidget window;
+    window.resize(1100, 800);
+    window.show();
+    const auto panelSize = [&window](int width, qreal points) {
+        Sheet sheet(u"Ajouter un filament"_s, width, &window);
+        sheet.setPanelSize(width, 300);
+        QFont font = sheet.font();
+        font.setPointSizeF(points);
+        sheet.setFont(font);
+        sheet.open();
+        return sheet.panelRect().size();
+    };
+
+    QCOMPARE(panelSize(480, 8), QSize(480, 300));
+    QCOMPARE(panelSize(480, 10), QSize(480, 300));
+    const QSize grown = panelSize(480, 20); // The font may not come in just this size.
+    QVERIFY(qAbs(grown.width() - 960) < 20);
+    QVERIFY(qAbs(grown.height() - 600) < 20);
+    QCOMPARE(panelSize(620, 20).width(), 1100 - 48);
 }
 
 void SheetTest::itIsNeverHigherThanTheWindow()
