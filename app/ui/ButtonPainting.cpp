@@ -23,6 +23,7 @@ constexpr int padding = 14;
 constexpr int linkPadding = 8;
 constexpr int iconGap = 8;
 constexpr int controlHeight = 32;
+constexpr int linkHeight = 30; // As a capsule: it comes and goes beside them.
 constexpr qreal radius = 8;
 constexpr qreal boxRadius = 5;
 constexpr qreal pressedDarkening = 0.14;
@@ -113,11 +114,12 @@ void paintGround(
 QSize pushButtonSize(const QStyleOptionButton& option, const QWidget* widget)
 {
     const QFontMetrics metrics(labelFont(widget));
-    const int height = std::max(controlHeight, metrics.height() + 12);
+    const bool isLink = buttonLook(widget) == ButtonLook::Link;
+    const int height = std::max(isLink ? linkHeight : controlHeight, metrics.height() + 12);
     if (option.text.isEmpty())
         return {height, height};
 
-    const int side = buttonLook(widget) == ButtonLook::Link ? linkPadding : padding;
+    const int side = isLink ? linkPadding : padding;
     int width = metrics.size(Qt::TextShowMnemonic, option.text).width() + 2 * side;
     if (!option.icon.isNull())
         width += option.iconSize.width() + iconGap;

@@ -35,6 +35,7 @@ private slots:
     void theStarTellsAFavorite();
     void theFavoritesMenuHasItsEntries();
     void theBarWrapsInsteadOfCutting();
+    void aFilterDoesNotMakeTheBarHigher();
 };
 
 Q_DECLARE_METATYPE(reelhouse::FilterSelection)
@@ -98,6 +99,17 @@ struct FilterBarFixture {
 };
 
 } // namespace
+
+void FilterBarViewTest::aFilterDoesNotMakeTheBarHigher()
+{
+    FilterBarFixture fixture;
+    const int atRest = fixture.bar.heightForWidth(1080);
+
+    fixture.bar.setSelection({.type = fixture.pla, .searchText = {}});
+
+    QVERIFY(fixture.resetButton()->isVisible());
+    QCOMPARE(fixture.bar.heightForWidth(1080), atRest);
+}
 
 void FilterBarViewTest::capsulesOfferTheirEntries_data()
 {
