@@ -66,6 +66,7 @@ ContentView::ContentView(StoreContainer& container, Preferences& preferences,
     columnLayout->addWidget(m_screens);
     addWidget(m_sidebar);
     addWidget(column);
+    m_sidebar->lower(); // the first child in reading order
     setStretchFactor(1, 1);
     m_sidebar->setSelection(m_selection);
     connect(m_sidebar, &SidebarView::selectionEdited, this, &ContentView::showScreen);

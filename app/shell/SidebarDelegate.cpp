@@ -99,7 +99,7 @@ void SidebarDelegate::paint(
         const bool isActive = isSelected || index.data(SidebarRole::isInUse).toBool();
         paintSymbol(*painter, symbolRect, index.data(SidebarRole::symbol).toString(),
             isActive ? theme.accentText : theme.textSecondary);
-        painter->setFont(fontOf(isSelected ? TextStyle::Count : TextStyle::Body));
+        painter->setFont(fontOf(isActive ? TextStyle::Count : TextStyle::Body));
         painter->setPen(isCommand ? theme.textSecondary : theme.textPrimary);
         const QRect textRect
             = row.adjusted(innerPadding + symbolSize + symbolGap, 0, -innerPadding, 0);
@@ -128,6 +128,12 @@ QSize SidebarDelegate::sizeHint(const QStyleOptionViewItem& option, const QModel
         return {width, entryHeight()};
     }
     Q_UNREACHABLE();
+}
+
+int SidebarDelegate::neededWidth(const QString& title)
+{
+    const int text = QFontMetrics(fontOf(TextStyle::Count)).horizontalAdvance(title);
+    return 2 * innerPadding + symbolSize + symbolGap + text + 1;
 }
 
 } // namespace reelhouse

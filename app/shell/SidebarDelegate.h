@@ -32,6 +32,8 @@ public:
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
         const QModelIndex& index) const override;
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    /// How wide an entry must be to show its title whole.
+    static int neededWidth(const QString& title);
 };
 
 } // namespace reelhouse

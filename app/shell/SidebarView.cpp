@@ -159,7 +159,9 @@ void SidebarView::markInUse(const std::optional<FilterFavorite>& favorite)
 {
     for (int place = 0; place < int(m_favorites.size()); ++place) {
         const bool isInUse = favorite && favorite->id == m_favorites.at(place).id;
-        m_entries->item(firstFavoriteRow + place)->setData(isInUse, SidebarRole::isInUse);
+        QStandardItem* item = m_entries->item(firstFavoriteRow + place);
+        item->setData(isInUse, SidebarRole::isInUse);
+        item->setCheckState(isInUse ? Qt::Checked : Qt::Unchecked); // for assistive technology only
     }
 }
 
@@ -204,7 +206,10 @@ void SidebarView::setSelection(NavItem item)
 
 QSize SidebarView::sizeHint() const
 {
-    return {preferredWidth, QWidget::sizeHint().height()};
+    int width = preferredWidth;
+    for (const NavItem item : allNavItems)
+        width = std::max(width, SidebarDelegate::neededWidth(navItemTitle(item)) + 2 * padding);
+    return {width, QWidget::sizeHint().height()};
 }
 
 } // namespace reelhouse

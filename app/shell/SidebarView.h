@@ -28,6 +28,7 @@ public:
     void setFavorites(
         const QList<FilterFavorite>& favorites, const std::optional<FilterFavorite>& inUse);
 
+    /// Wide enough for the titles of all screens.
     QSize sizeHint() const override;
 
 signals:

@@ -16,6 +16,8 @@ class SidebarViewTest final : public QObject {
 
 private slots:
     void entriesStandInTheirSections();
+    void titlesAreNotCut();
+    void theFavoriteInUseIsToldByMoreThanAColor();
     void onlyScreensCanBeChosen();
     void aClickChoosesAScreen();
     void arrowKeysPassOverHeaders();
@@ -76,6 +78,35 @@ void SidebarViewTest::entriesStandInTheirSections()
     QCOMPARE(entry(sidebar, u"Gérer les favoris…"_s).data(Qt::ToolTipRole).toString(),
         u"Renommer, réordonner ou supprimer les filtres favoris"_s);
     QCOMPARE(sidebar.minimumWidth(), 200);
+}
+
+void SidebarViewTest::titlesAreNotCut()
+{
+    const QFont usual = QApplication::font();
+    QCOMPARE(SidebarView().sizeHint().width(), 220);
+    QFont large = usual;
+    large.setPointSizeF(20);
+    QApplication::setFont(large);
+    large.setWeight(QFont::DemiBold);
+    const int title = QFontMetrics(large).horizontalAdvance(u"Stock de filaments"_s);
+    const int width = SidebarView().sizeHint().width();
+    QApplication::setFont(usual);
+
+    QVERIFY(width > title);
+}
+
+void SidebarViewTest::theFavoriteInUseIsToldByMoreThanAColor()
+{
+    SidebarView sidebar;
+    const QList<FilterFavorite> favorites = twoFavorites();
+    const auto isTicked = [&sidebar](const FilterFavorite& favorite) {
+        return entry(sidebar, favorite.name).data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    };
+
+    sidebar.setFavorites(favorites, std::nullopt);
+    QVERIFY(!isTicked(favorites.at(0)) && !isTicked(favorites.at(1)));
+    sidebar.setFavorites(favorites, favorites.at(1));
+    QVERIFY(!isTicked(favorites.at(0)) && isTicked(favorites.at(1)));
 }
 
 void SidebarViewTest::onlyScreensCanBeChosen()
