@@ -1,5 +1,7 @@
 #include "app/shell/AboutView.h"
 
+#include "app/shell/NoticesView.h"
+#include "app/ui/Announcement.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/ColorMath.h"
 #include "app/ui/IconView.h"
@@ -10,7 +12,6 @@
 
 #include <QtCore/QPropertyAnimation>
 #include <QtCore/QUrl>
-#include <QtGui/QAccessible>
 #include <QtGui/QClipboard>
 #include <QtGui/QDesktopServices>
 #include <QtGui/QGuiApplication>
@@ -86,9 +87,9 @@ QLabel* centredLine(const QString& text, TextStyle style, TextTone tone, QWidget
     return label;
 }
 
-QPushButton* linkButton(const QString& symbol, const QString& text, QWidget* parent)
+QPushButton* linkButton(const QIcon& icon, const QString& text, QWidget* parent)
 {
-    auto* button = new QPushButton(symbolIcon(symbol, &Theme::accentText), text, parent);
+    auto* button = new QPushButton(icon, text, parent);
     setButtonLook(button, ButtonLook::Link);
     button->setAutoDefault(false);
     return button;
@@ -111,6 +112,10 @@ AboutView::AboutView(const Product& product, QWidget* parent)
     body()->addSpacing(10);
     body()->addWidget(
         centredLine(product.rightsLine(), TextStyle::Caption, TextTone::Secondary, this));
+    QPushButton* notices = linkButton({}, u"Composants tiers"_s, this);
+    setTextStyle(notices, TextStyle::Caption);
+    body()->addWidget(notices, 0, Qt::AlignHCenter);
+    connect(notices, &QPushButton::clicked, this, &AboutView::showNotices);
 
     auto* closeButton = new QPushButton(u"Fermer"_s, this);
     closeButton->setMinimumWidth(closeButtonWidth);
@@ -144,8 +149,10 @@ void AboutView::addTexts(const Product& product)
 
 void AboutView::addContacts(const Product& product)
 {
-    QPushButton* website = linkButton(u"globe"_s, product.websiteHost(), this);
-    QPushButton* email = linkButton(u"envelope"_s, product.email, this);
+    QPushButton* website
+        = linkButton(symbolIcon(u"globe"_s, &Theme::accentText), product.websiteHost(), this);
+    QPushButton* email
+        = linkButton(symbolIcon(u"envelope"_s, &Theme::accentText), product.email, this);
     m_confirmation = makeCopyConfirmation();
     body()->addSpacing(8);
     body()->addWidget(website, 0, Qt::AlignHCenter);
@@ -183,8 +190,14 @@ void AboutView::copy(const QString& email)
     m_confirmation->show();
     fadeConfirmation(1);
     m_confirmationTime.start();
-    QAccessibleEvent event(m_confirmation->findChild<QLabel*>(), QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    announce(m_confirmation->findChild<QLabel*>());
+}
+
+void AboutView::showNotices()
+{
+    auto* sheet = new NoticesView(this);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->open();
 }
 
 void AboutView::fadeConfirmation(qreal strength)

@@ -21,6 +21,7 @@ private:
     void addContacts(const Product& product);
     QWidget* makeCopyConfirmation();
     void copy(const QString& email);
+    void showNotices();
     void fadeConfirmation(qreal strength);
 
     QWidget* m_confirmation;

@@ -1,5 +1,6 @@
 #include "app/shell/AboutView.h"
 
+#include "app/shell/NoticesView.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/TestMain.h"
 
@@ -7,6 +8,7 @@
 #include <QtGui/QDesktopServices>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QPlainTextEdit>
 #include <QtWidgets/QPushButton>
 
 using namespace reelhouse;
@@ -26,6 +28,7 @@ private slots:
     void itCloses_data();
     void itCloses();
     void everyControlHasAName();
+    void theNoticesNameWhatTheProgramIsMadeOf();
     void theBuildKnowsItsProduct();
 
 private:
@@ -143,6 +146,25 @@ void AboutViewTest::everyControlHasAName()
     AboutFixture fixture;
 
     QCOMPARE(tests::unnamedControls(&fixture.sheet), QStringList());
+}
+
+void AboutViewTest::theNoticesNameWhatTheProgramIsMadeOf()
+{
+    AboutFixture fixture;
+
+    fixture.button(u"Composants tiers"_s).click();
+
+    auto* sheet = fixture.sheet.findChild<NoticesView*>();
+    QVERIFY(sheet && sheet->isVisible());
+    QCOMPARE(tests::unnamedControls(sheet), QStringList());
+    const QString text = sheet->findChild<QPlainTextEdit*>()->toPlainText();
+    for (const QString& part : {u"Qt 6\n"_s, u"\nSQLite\n"_s, u"\nsimdjson\n"_s, u"\nSQLiteCpp\n"_s,
+             u"\nBootstrap Icons\n"_s, u"LGPL"_s, u"Permission is hereby granted"_s})
+        QVERIFY2(text.contains(part), qPrintable(part));
+    QTRY_COMPARE(QApplication::activeWindow(), sheet);
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    QVERIFY(!sheet->isVisible());
+    QVERIFY(fixture.sheet.isVisible());
 }
 
 void AboutViewTest::theBuildKnowsItsProduct()
