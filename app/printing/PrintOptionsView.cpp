@@ -5,6 +5,7 @@
 #include "app/printing/PaperPrinter.h"
 #include "app/printing/PrintJob.h"
 #include "app/printing/PrintPreview.h"
+#include "app/ui/Announcement.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/FilePanels.h"
 #include "app/ui/IconView.h"
@@ -14,7 +15,6 @@
 #include "app/ui/TextStyle.h"
 #include "core/model/StoreContext.h"
 
-#include <QtGui/QAccessible>
 #include <QtPrintSupport/QPrintDialog>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QGridLayout>
@@ -268,9 +268,8 @@ void PrintOptionsView::refresh()
 
     if (m_noColumnMessage->isHidden() == !hasColumn) {
         m_noColumnMessage->setVisible(!hasColumn);
-        QAccessibleEvent event(m_noColumnMessage, QAccessible::Alert);
         if (!hasColumn)
-            QAccessible::updateAccessibility(&event);
+            announce(m_noColumnMessage->findChild<QLabel*>());
     }
     if (!isBusy)
         m_count->setText(QString::number(chosenFilaments().size()) + u" filament(s) à imprimer"_s);
