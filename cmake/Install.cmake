@@ -44,6 +44,8 @@ compressed(${installed}/man/spoolwright.1 ${CMAKE_INSTALL_MANDIR}/man1 spoolwrig
 compressed(${installed}/man/spoolwright.fr.1 ${CMAKE_INSTALL_MANDIR}/fr/man1 spoolwright.1)
 compressed(${installed}/debian/changelog ${CMAKE_INSTALL_DOCDIR} changelog.Debian)
 compressed(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${CMAKE_INSTALL_DOCDIR} changelog)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES ${installed}/licences/third-party.txt DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${installed}/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)
