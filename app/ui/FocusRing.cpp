@@ -2,8 +2,11 @@
 
 #include "app/ui/Theme.h"
 
+#include <QtCore/QCoreApplication>
+#include <QtCore/QEvent>
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOption>
+#include <QtWidgets/QWidget>
 
 #include <algorithm>
 
@@ -32,6 +35,19 @@ void paintFocusRing(QPainter& painter, const QRectF& rect, qreal radius, const T
     const qreal rounded = std::max(radius - half, 0.0);
     painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), rounded, rounded);
     painter.restore();
+}
+
+FocusRingWatch::FocusRingWatch(QObject* parent)
+    : QObject(parent)
+{
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool FocusRingWatch::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
+        static_cast<QWidget*>(watched)->window()->setAttribute(Qt::WA_KeyboardFocusChange, false);
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace reelhouse

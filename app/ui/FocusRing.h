@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QObject>
 #include <QtCore/QRectF>
 
 class QPainter;
@@ -18,5 +19,17 @@ bool showsFocusRing(const QStyleOption& option);
 /// Paints the ring along the inside of `rect`, the whole rectangle of a control whose corners are
 /// rounded by `radius`. The control paints itself `focusRingInset` further in.
 void paintFocusRing(QPainter& painter, const QRectF& rect, qreal radius, const Theme& theme);
+
+/// Watches every window: a press of the mouse takes its ring away, until the keyboard moves the
+/// focus again. Qt would show it for ever after the first time.
+class FocusRingWatch final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FocusRingWatch(QObject* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
 
 } // namespace reelhouse

@@ -1,4 +1,5 @@
 #include "app/ui/ButtonLook.h"
+#include "app/ui/FocusRing.h"
 #include "app/ui/InputState.h"
 #include "app/ui/SpoolwrightStyle.h"
 #include "app/ui/Symbol.h"
@@ -11,6 +12,7 @@
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
 #include <QtWidgets/QComboBox>
+#include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QMenuBar>
@@ -43,6 +45,7 @@ private slots:
     void aButtonNeverCutsItsText();
     void theFocusRingIsForTheKeyboard_data();
     void theFocusRingIsForTheKeyboard();
+    void aPressOfTheMouseTakesTheRingAway();
     void looksHaveTheirGrounds_data();
     void looksHaveTheirGrounds();
     void aDisabledButtonIsFaded();
@@ -295,6 +298,33 @@ void StyleTest::theFocusRingIsForTheKeyboard()
         QCOMPARE(image.pixelColor(40, 3), theme().canvas);
         QCOMPARE(image.pixelColor(40, 4), theme().line);
     }
+}
+
+void StyleTest::aPressOfTheMouseTakesTheRingAway()
+{
+    const FocusRingWatch watch;
+    QWidget window;
+    auto* row = new QHBoxLayout(&window);
+    auto* first = new QPushButton(u"Annuler"_s);
+    auto* second = new QPushButton(u"Ajouter"_s);
+    row->addWidget(first);
+    row->addWidget(second);
+    window.show();
+    QTRY_COMPARE(QApplication::activeWindow(), &window);
+    const auto showsRing = [](const QPushButton& button) {
+        QStyleOptionButton option;
+        option.initFrom(&button);
+        return showsFocusRing(option);
+    };
+    first->setFocus();
+
+    QTest::keyClick(first, Qt::Key_Tab);
+    QVERIFY(showsRing(*second));
+    QTest::mouseClick(first, Qt::LeftButton);
+    QVERIFY(first->hasFocus());
+    QVERIFY(!showsRing(*first));
+    QTest::keyClick(first, Qt::Key_Tab);
+    QVERIFY(showsRing(*second));
 }
 
 void StyleTest::looksHaveTheirGrounds_data()
