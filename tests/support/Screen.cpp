@@ -201,7 +201,7 @@ QString Screen::clipboardText() const
         const auto event = owned(xcb_poll_for_event(m_connection));
         return event && (event->response_type & 0x7f) == XCB_SELECTION_NOTIFY;
     };
-    const QString text = waitUntil(isAnswered, std::chrono::seconds(2))
+    QString text = waitUntil(isAnswered, std::chrono::seconds(2))
         ? QString::fromUtf8(property(receiver, answer))
         : QString();
     xcb_destroy_window(m_connection, receiver);
