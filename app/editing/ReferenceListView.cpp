@@ -7,6 +7,7 @@
 #include "app/ui/Symbol.h"
 
 #include <QtGui/QAction>
+#include <QtGui/QMouseEvent>
 #include <QtWidgets/QMenu>
 #include <QtWidgets/QScrollBar>
 
