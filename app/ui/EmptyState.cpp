@@ -26,6 +26,8 @@ QLabel* centredLabel(const QString& text, TextStyle style, QWidget* parent)
     label->setWordWrap(true);
     label->setMinimumWidth(widestText);
     setTextStyle(label, style);
+    // The column would give a text that wraps the height that it has at the column's full width.
+    label->setMinimumHeight(label->heightForWidth(widestText));
     return label;
 }
 

@@ -32,6 +32,7 @@ private slots:
     void aLongStatusWraps();
     void theStatusCanBeSelected();
     void anEmptyStateShowsItsTextsAndButton();
+    void anEmptyStateShowsALongTextWhole();
     void aSpinnerIsAProgressBarOfUnknownLength();
 };
 
@@ -189,6 +190,17 @@ void SmallWidgetsTest::theStatusCanBeSelected()
     const Qt::TextInteractionFlags flags = line.findChild<QLabel*>()->textInteractionFlags();
     QVERIFY(flags.testFlag(Qt::TextSelectableByMouse));
     QVERIFY(flags.testFlag(Qt::TextSelectableByKeyboard));
+}
+
+void SmallWidgetsTest::anEmptyStateShowsALongTextWhole()
+{
+    EmptyState state(
+        u"magnifyingglass"_s, u"0 résultat"_s, u"Rien ne convient ici. "_s.repeated(6));
+    state.resize(1200, 700);
+    state.show();
+
+    for (const QLabel* label : state.findChildren<QLabel*>())
+        QVERIFY(label->height() >= label->heightForWidth(label->width()));
 }
 
 void SmallWidgetsTest::anEmptyStateShowsItsTextsAndButton()
