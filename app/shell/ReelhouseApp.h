@@ -6,6 +6,7 @@
 #include "app/shell/UnixSignals.h"
 #include "app/store/StorePaths.h"
 #include "app/store/StoreProvider.h"
+#include "app/ui/ContextMenuKey.h"
 #include "app/ui/FocusRing.h"
 #include "app/ui/ThemeService.h"
 #include "core/preferences/Preferences.h"
@@ -40,6 +41,7 @@ private:
     Preferences m_preferences;
     FilterFavoritesStore m_favorites;
     ThemeService m_theme;
+    ContextMenuKey m_contextMenuKey;
     FocusRingWatch m_focusRings;
     StoreProvider m_provider;
     MainWindow m_window;
