@@ -1,9 +1,9 @@
 #include "app/shell/UnsavedNotice.h"
 
 #include "app/store/StoreTexts.h"
+#include "app/ui/Announcement.h"
 #include "core/model/StoreContext.h"
 
-#include <QtGui/QAccessible>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
@@ -31,8 +31,7 @@ void UnsavedNotice::showOutcome(const QString& failure)
         return;
     m_text->setText(text);
     show();
-    QAccessibleEvent event(m_text, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    announce(m_text);
 }
 
 } // namespace reelhouse
