@@ -2,6 +2,7 @@
 
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QApplication>
+#include <QtWidgets/QWidget>
 
 namespace reelhouse {
 
