@@ -8,6 +8,7 @@ namespace reelhouse::tests::Key {
 inline constexpr xcb_keysym_t tab = 0xff09;
 inline constexpr xcb_keysym_t enter = 0xff0d;
 inline constexpr xcb_keysym_t escape = 0xff1b;
+inline constexpr xcb_keysym_t home = 0xff50;
 inline constexpr xcb_keysym_t up = 0xff52;
 inline constexpr xcb_keysym_t down = 0xff54;
 inline constexpr xcb_keysym_t f2 = 0xffbf;
