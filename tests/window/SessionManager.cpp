@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdlib>
 #include <poll.h>
+#include <utility>
 
 namespace reelhouse::tests {
 
@@ -23,6 +24,7 @@ struct SessionManager::Connections {
     bool hasSaved = false;
 
     void takeMessages();
+    void close();
 
     static Status welcome(SmsConn session, SmPointer data, unsigned long* mask,
         SmsCallbacks* callbacks, char** failureReason);
@@ -122,10 +124,19 @@ void SessionManager::Connections::takeMessages()
         program = IceAcceptConnection(listeners[index], &status);
     }
     if (program && isReadable(IceConnectionNumber(program))
-        && IceProcessMessages(program, nullptr, nullptr) != IceProcessMessagesSuccess) {
-        IceCloseConnection(program);
-        program = nullptr;
-    }
+        && IceProcessMessages(program, nullptr, nullptr) != IceProcessMessagesSuccess)
+        close();
+}
+
+void SessionManager::Connections::close()
+{
+    if (session)
+        SmsCleanUp(std::exchange(session, nullptr));
+    if (!program)
+        return;
+    // The program is gone: nobody would answer.
+    IceSetShutdownNegotiation(program, False);
+    IceCloseConnection(std::exchange(program, nullptr));
 }
 
 SessionManager::SessionManager()
@@ -148,8 +159,7 @@ SessionManager::SessionManager()
 
 SessionManager::~SessionManager()
 {
-    if (m_connections->program)
-        IceCloseConnection(m_connections->program);
+    m_connections->close();
     IceFreeListenObjs(m_connections->listenerCount, m_connections->listeners);
 }
 
