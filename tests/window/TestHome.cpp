@@ -70,11 +70,14 @@ QProcessEnvironment TestHome::environment(const QString& display) const
     environment.insert(u"DISPLAY"_s, display);
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     environment.insert(u"TZ"_s, u"Europe/Paris"_s);
-    if (m_isDark) {
-        environment.insert(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
-        environment.insert(u"KDE_SESSION_VERSION"_s, u"5"_s);
-    }
+    for (auto variable = m_variables.cbegin(); variable != m_variables.cend(); ++variable)
+        environment.insert(variable.key(), variable.value());
     return environment;
+}
+
+void TestHome::setVariable(const QString& name, const QString& value)
+{
+    m_variables.insert(name, value);
 }
 
 void TestHome::darken()
@@ -87,7 +90,8 @@ void TestHome::darken()
                         "[Colors:Window]\nBackgroundNormal=30,30,34\n")
             < 0)
         qFatal("No colours for the desktop.");
-    m_isDark = true;
+    setVariable(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
+    setVariable(u"KDE_SESSION_VERSION"_s, u"5"_s);
 }
 
 QString TestHome::dataFolder() const

@@ -17,6 +17,8 @@ public:
     /// The environment of a program of this user on `display`; nothing of the real user's is left.
     QProcessEnvironment environment(const QString& display) const;
 
+    /// Gives programs started from now on an environment variable.
+    void setVariable(const QString& name, const QString& value);
     /// Makes the desktop of this user a dark one, for programs started from now on.
     void darken();
 
@@ -49,7 +51,7 @@ private:
     QString path(const QString& relative) const;
 
     QTemporaryDir m_folder;
-    bool m_isDark = false;
+    QMap<QString, QString> m_variables;
 };
 
 } // namespace reelhouse::tests
