@@ -1,4 +1,5 @@
 #include "bench/BesideFloor.h"
+#include "bench/NoStore.h"
 #include "bench/StockFloors.h"
 #include "core/filters/FilteredStock.h"
 #include "tests/support/StockGenerator.h"
@@ -10,16 +11,6 @@ using namespace Qt::StringLiterals;
 namespace reelhouse::bench {
 
 namespace {
-
-/// Where nothing is kept: these measurements are about the stock in memory.
-class NoStore final : public PersistentStore {
-public:
-    std::optional<StoreError> load(StoreContext& /*context*/) override { return std::nullopt; }
-    std::optional<StoreError> commit(const StockChanges& /*changes*/) override
-    {
-        return std::nullopt;
-    }
-};
 
 /// Stocks of each size, made once.
 class Workplace final {
@@ -88,6 +79,36 @@ void order(benchmark::State& state, Workplace& workplace)
     measureBesideFloor(state, ours, floor);
 }
 
+/// One deletion undone, until the stock can be read in its order. The floor puts one number back
+/// among as many, and numbers those behind it.
+void undoDeletion(benchmark::State& state, Workplace& workplace)
+{
+    StoreContext& context = workplace.stockOf(int(state.range()));
+    const FilamentId middle = context.fetchAll<Filament>()[size_t(state.range()) / 2]->id();
+    std::vector<std::pair<qint64, quint32>> rows(size_t(state.range()) - 1);
+    const auto ours = [&] {
+        context.perform(u"Supprimer"_s, [&] { context.remove(*context.find(middle)); });
+        context.save();
+        const double seconds = processorSecondsOf([&] {
+            context.undo();
+            benchmark::DoNotOptimize(context.fetchAll<Filament>().data());
+        });
+        context.save();
+        return seconds;
+    };
+    const auto floor = [&] {
+        const double seconds = processorSecondsOf([&] {
+            const auto place = rows.insert(rows.begin() + state.range() / 2, {middle.value, 0});
+            for (auto row = place; row != rows.end(); ++row)
+                row->second = quint32(row - rows.begin());
+            benchmark::DoNotOptimize(rows.data());
+        });
+        rows.pop_back();
+        return seconds;
+    };
+    measureBesideFloor(state, ours, floor);
+}
+
 void registerFor(int filaments, Workplace& workplace)
 {
     using Function = void (*)(benchmark::State&, Workplace&);
@@ -102,6 +123,7 @@ void registerFor(int filaments, Workplace& workplace)
     add("search", search);
     add("searchOfCommonLetters", searchOfCommonLetters);
     add("order", order);
+    add("undoDeletion", undoDeletion);
 }
 
 } // namespace

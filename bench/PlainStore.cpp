@@ -128,6 +128,16 @@ void PlainStore::writeCount(qint64 filament, qint64 spoolsCount)
     run("COMMIT");
 }
 
+void PlainStore::removeType(qint64 type)
+{
+    run("BEGIN IMMEDIATE");
+    sqlite3_stmt* statement = prepare("DELETE FROM FilamentType WHERE id = ?1");
+    sqlite3_bind_int64(statement, 1, type);
+    require(sqlite3_step(statement) == SQLITE_DONE, m_database);
+    sqlite3_finalize(statement);
+    run("COMMIT");
+}
+
 void PlainStore::insert(const std::vector<PlainRow>& rows)
 {
     run("BEGIN IMMEDIATE");

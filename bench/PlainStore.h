@@ -65,6 +65,8 @@ public:
     PlainStock read();
     /// Writes one count in a transaction of its own.
     void writeCount(qint64 filament, qint64 spoolsCount);
+    /// Removes a type in a transaction of its own; its filaments lose it.
+    void removeType(qint64 type);
     /// Inserts all rows in one transaction. What they refer to is there.
     void insert(const std::vector<PlainRow>& rows);
 

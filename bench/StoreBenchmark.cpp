@@ -70,6 +70,26 @@ void saveNewFilaments(benchmark::State& state, StoreWorkplace& workplace)
     measureBesideFloor(state, ours, floor);
 }
 
+/// A type that a tenth of the filaments use: with its deletion each of them loses it.
+void removeUsedType(benchmark::State& state, StoreWorkplace& workplace)
+{
+    const QString path = workplace.stockOf(int(state.range()));
+    constexpr FilamentTypeId type{1};
+    const auto ours = [&] {
+        const auto container = openStock(workplace.copyOf(path, u"ours.store"_s));
+        StoreContext& context = container->context();
+        return secondsOf([&] {
+            context.perform(u"Supprimer le type"_s, [&] { context.remove(*context.find(type)); });
+            save(context);
+        });
+    };
+    const auto floor = [&] {
+        PlainStore plain(workplace.copyOf(path, u"floor.store"_s).toStdString());
+        return secondsOf([&] { plain.removeType(type.value); });
+    };
+    measureBesideFloor(state, ours, floor);
+}
+
 void residentMemory(benchmark::State& state, StoreWorkplace& workplace)
 {
     const QString path = workplace.stockOf(int(state.range()));
@@ -96,6 +116,7 @@ void registerFor(int filaments, StoreWorkplace& workplace)
     add("residentMemory", residentMemory)->Iterations(1);
     add("open", open)->UseManualTime()->Iterations(isLarge ? 5 : 15);
     add("saveOneCount", saveOneCount)->UseManualTime()->Iterations(200);
+    add("removeUsedType", removeUsedType)->UseManualTime()->Iterations(isLarge ? 3 : 9);
     add("saveNewFilaments", saveNewFilaments)->UseManualTime()->Iterations(isLarge ? 3 : 9);
 }
 
