@@ -6,7 +6,12 @@
 #include <QtGui/QPaintEngine>
 #include <QtGui/QScreen>
 #include <QtPrintSupport/QPrintPreviewDialog>
+#include <QtPrintSupport/QPrintPreviewWidget>
 #include <QtPrintSupport/QPrinter>
+#include <QtWidgets/QComboBox>
+#include <QtWidgets/QGraphicsView>
+#include <QtWidgets/QLabel>
+#include <QtWidgets/QLineEdit>
 
 #include <algorithm>
 
@@ -32,6 +37,28 @@ void paintForPreview(const ReportTextView& view, QPrinter& paper)
     while (!painter.isDone() && painter.paintNext()) {}
 }
 
+/// Qt leaves the fields and the pages of its preview without a name.
+void nameControls(QPrintPreviewDialog& dialog)
+{
+    for (auto* zoom : dialog.findChildren<QComboBox*>()) {
+        // Only a label names a picker to assistive technology, whether or not it is seen.
+        auto* label = new QLabel(u"Zoom"_s, zoom->parentWidget());
+        label->setBuddy(zoom);
+        label->hide();
+    }
+    for (auto* field : dialog.findChildren<QLineEdit*>()) {
+        const bool isZoom = qobject_cast<QComboBox*>(field->parentWidget());
+        field->setAccessibleName(isZoom ? u"Zoom"_s : u"Page"_s);
+    }
+    // Each of the three, one in the other, says at times that it has the focus.
+    for (auto* preview : dialog.findChildren<QPrintPreviewWidget*>())
+        preview->setAccessibleName(u"Aperçu"_s);
+    for (auto* pages : dialog.findChildren<QGraphicsView*>()) {
+        pages->setAccessibleName(u"Pages"_s);
+        pages->viewport()->setAccessibleName(u"Aperçu"_s);
+    }
+}
+
 } // namespace
 
 void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget* parent)
@@ -43,6 +70,7 @@ void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget
     dialog->resize(previewSize.boundedTo(dialog->screen()->availableSize() * shareOfTheScreen));
     if (view->pageCount() > mostPreviewPages)
         dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
+    nameControls(*dialog);
     // The printer is needed for as long as the dialog lives.
     QObject::connect(dialog, &QPrintPreviewDialog::paintRequested, dialog,
         [view, printer](QPrinter* paper) { paintForPreview(*view, *paper); });
