@@ -33,13 +33,21 @@ void AccessibleObject::forEach(const std::function<void(const AccessibleObject&)
         child.forEach(visit);
 }
 
+void AccessibleObject::forEachShown(const std::function<void(const AccessibleObject&)>& visit) const
+{
+    if (!isShown())
+        return;
+    visit(*this);
+    for (const AccessibleObject& child : children)
+        child.forEachShown(visit);
+}
+
 std::optional<AccessibleObject> AccessibleObject::find(
     const QString& wantedRole, const QString& wanted) const
 {
     std::optional<AccessibleObject> found;
-    forEach([&](const AccessibleObject& object) {
-        if (!found && object.isShown() && object.role == wantedRole
-            && object.callableName() == wanted)
+    forEachShown([&](const AccessibleObject& object) {
+        if (!found && object.role == wantedRole && object.callableName() == wanted)
             found = object;
     });
     return found;
@@ -48,8 +56,8 @@ std::optional<AccessibleObject> AccessibleObject::find(
 QList<AccessibleObject> AccessibleObject::all(const QString& wantedRole) const
 {
     QList<AccessibleObject> found;
-    forEach([&](const AccessibleObject& object) {
-        if (object.isShown() && object.role == wantedRole)
+    forEachShown([&](const AccessibleObject& object) {
+        if (object.role == wantedRole)
             found += object;
     });
     return found;

@@ -49,6 +49,8 @@ struct AccessibleObject {
 
     /// Itself and all that lies in it, in reading order.
     void forEach(const std::function<void(const AccessibleObject&)>& visit) const;
+    /// The same of what is shown. The rows of a hidden list say that they are shown, and are not.
+    void forEachShown(const std::function<void(const AccessibleObject&)>& visit) const;
     /// The first shown one with this role and callable name.
     std::optional<AccessibleObject> find(const QString& wantedRole, const QString& wanted) const;
     /// All shown ones with this role.

@@ -223,6 +223,11 @@ void ScreenReader::press(const AccessibleObject& control) const
     m_bus.send(message);
 }
 
+void ScreenReader::setText(const AccessibleObject& field, const QString& text) const
+{
+    call(field.address, u"org.a11y.atspi.EditableText"_s, u"SetTextContents"_s, {text});
+}
+
 QString ScreenReader::value(const AccessibleObject& control) const
 {
     const auto whole = [&](const QString& name) {

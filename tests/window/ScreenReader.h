@@ -35,6 +35,7 @@ public:
 
     /// Does what a control is there for, as a click would. It does not wait for its effect.
     void press(const AccessibleObject& control) const;
+    void setText(const AccessibleObject& field, const QString& text) const;
     /// "value of minimum to maximum", all three as whole numbers: "3 of 1 to 100".
     QString value(const AccessibleObject& control) const;
 

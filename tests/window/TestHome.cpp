@@ -151,6 +151,14 @@ void TestHome::writePreferenceFile(const QByteArray& bytes) const
         qFatal("The preferences cannot be written.");
 }
 
+void TestHome::breakStore() const
+{
+    QDir().mkpath(dataFolder());
+    QFile store(storeFile());
+    if (!store.open(QFile::WriteOnly) || store.write("This is no stock.") < 0)
+        qFatal("The broken store cannot be written.");
+}
+
 std::optional<QMap<qint64, qint64>> TestHome::spoolsInStore() const
 try {
     QMap<qint64, qint64> spools;

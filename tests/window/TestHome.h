@@ -27,6 +27,8 @@ public:
     QString preferencesFile() const;
     /// Every file and folder under the home, by its path relative to it.
     QStringList everything() const;
+    /// Puts something that cannot be opened where the store is.
+    void breakStore() const;
 
     /// What one preference holds; empty when it is absent.
     QString preference(const QString& key) const;
