@@ -3,6 +3,7 @@
 #include "app/printing/OptionPanel.h"
 #include "app/printing/OrientationPicker.h"
 #include "app/printing/PaperPrinter.h"
+#include "app/printing/PrintDialog.h"
 #include "app/printing/PrintJob.h"
 #include "app/printing/PrintPreview.h"
 #include "app/ui/Announcement.h"
@@ -303,7 +304,8 @@ void PrintOptionsView::choosePrinter()
     m_printer->setDocName(u"Stock de filaments"_s);
     m_printer->setCreator(u"Spoolwright"_s);
     PrintService::setReportPage(*m_printer, m_orientation->orientation());
-    auto* dialog = new QPrintDialog(m_printer.get(), this);
+    auto* dialog = makePrintDialog(
+        *m_printer, [this](const QString& path) { return isRefused(path); }, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, &PrintOptionsView::print);
     dialog->open();
@@ -337,11 +339,18 @@ void PrintOptionsView::exportPdf(const QString& path)
 void PrintOptionsView::writePdf(
     const QString& path, ReportTextView view, PageSpan pages, PageNumbering numbering)
 {
-    const QString refusal = m_request.refusal ? m_request.refusal(path) : QString();
-    if (!refusal.isEmpty())
-        return showError({refusal});
+    if (isRefused(path))
+        return;
     auto file = std::make_unique<PdfFile>(path, view.orientation(), m_request.product);
     runJob(std::move(view), std::move(file), pages, numbering);
+}
+
+bool PrintOptionsView::isRefused(const QString& path)
+{
+    const QString refusal = m_request.refusal ? m_request.refusal(path) : QString();
+    if (!refusal.isEmpty())
+        showError({refusal});
+    return !refusal.isEmpty();
 }
 
 void PrintOptionsView::runJob(ReportTextView view, std::unique_ptr<PrintTarget> target,

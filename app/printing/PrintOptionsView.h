@@ -58,6 +58,7 @@ private:
     void print();
     void choosePdfFile();
     void exportPdf(const QString& path);
+    bool isRefused(const QString& path);
     void writePdf(
         const QString& path, ReportTextView view, PageSpan pages, PageNumbering numbering);
     void runJob(ReportTextView view, std::unique_ptr<PrintTarget> target, PageSpan pages,

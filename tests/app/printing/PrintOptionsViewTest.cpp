@@ -22,6 +22,7 @@
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
+#include <QtWidgets/QToolButton>
 
 using namespace reelhouse;
 using namespace reelhouse::tests;
@@ -49,6 +50,8 @@ private slots:
     void longWorkShowsItsProgressAndIsCancelled();
     void aCancelledPrintDialogDoesNothing();
     void printingWithoutAPrinterWorksToAFile();
+    void filesOfTheProgramAreNotPrintedInto();
+    void theFileToPrintIntoIsChosenInOurOwnPanel();
     void thePreviewShowsThePages_data();
     void thePreviewShowsThePages();
 
@@ -393,6 +396,47 @@ void PrintOptionsViewTest::printingWithoutAPrinterWorksToAFile()
     const QString text = readingOrder(pdf);
     QVERIFY(text.contains(u"Total : 3 filament(s) — "_s));
     QVERIFY(text.contains(u"(build 7) Page 1 Tous"_s));
+}
+
+void PrintOptionsViewTest::filesOfTheProgramAreNotPrintedInto()
+{
+    OpenPrintSheet opened;
+    opened.button(u"Imprimer"_s).click();
+    auto* dialog = opened.sheet().findChild<QPrintDialog*>();
+    QVERIFY(dialog);
+    if (dialog->printer()->outputFormat() != QPrinter::PdfFormat)
+        QSKIP("a printer is installed");
+    QFile reserved(m_folder.filePath(u"réservé.pdf"_s));
+    QVERIFY(reserved.open(QIODevice::WriteOnly));
+    reserved.close();
+    dialog->findChild<QLineEdit*>(u"filename"_s)->setText(reserved.fileName());
+
+    dialog->accept(); // Would ask whether to write over the file, had it looked at it.
+
+    QVERIFY(!dialog->isVisible());
+    QCOMPARE(dialog->result(), int(QDialog::Rejected));
+    QCOMPARE(opened.sheet().findChild<StatusLine*>()->text(), u"Erreur d'écriture : Réservé."_s);
+}
+
+void PrintOptionsViewTest::theFileToPrintIntoIsChosenInOurOwnPanel()
+{
+    OpenPrintSheet opened;
+    opened.button(u"Imprimer"_s).click();
+    auto* dialog = opened.sheet().findChild<QPrintDialog*>();
+    QVERIFY(dialog);
+    auto* browse = dialog->findChild<QToolButton*>(u"fileBrowser"_s);
+    QVERIFY(browse);
+
+    browse->click();
+
+    const auto panels = dialog->findChildren<QFileDialog*>();
+    QCOMPARE(panels.size(), 1);
+    QCOMPARE(panels[0]->windowTitle(), u"Imprimer dans un fichier"_s);
+    const QString pdf = m_folder.filePath(u"chosen.pdf"_s);
+    emit panels[0]->fileSelected(pdf);
+    QCOMPARE(dialog->findChild<QLineEdit*>(u"filename"_s)->text(), pdf);
+    panels[0]->reject();
+    dialog->reject();
 }
 
 void PrintOptionsViewTest::thePreviewShowsThePages_data()
