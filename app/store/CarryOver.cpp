@@ -32,29 +32,26 @@ public:
         removeDrafts();
         if (setOrphanedCompanionsAside(m_store) || copy(mainFile))
             return;
-        const bool hasIndex = exists(index) && !copy(index);
-        QList<QStringView> journals{journal, rollbackJournal};
+        const bool hasIndex = exists(StoreCompanion::index) && !copy(StoreCompanion::index);
+        QList<QStringView> journals{StoreCompanion::journal, StoreCompanion::rollbackJournal};
         journals.removeIf([this](QStringView suffix) { return !exists(suffix); });
         const auto isCopied = [this](QStringView suffix) { return !copy(suffix); };
         const auto isInstalled = [this](QStringView suffix) { return !install(suffix); };
         if (!std::ranges::all_of(journals, isCopied))
             return;
         if (hasIndex)
-            install(index); // SQLite makes a new one when it is missing.
+            install(StoreCompanion::index); // SQLite makes a new one when it is missing.
         // Without its journals the main file would be an older state, or half of a newer one.
         if (std::ranges::all_of(journals, isInstalled) && !install(mainFile))
             return;
         if (DurableFiles::isTaken(m_store))
             return;
-        for (const QStringView suffix : {index, journal, rollbackJournal})
+        for (const QStringView suffix : StoreCompanion::all)
             DurableFiles::remove(m_store % suffix);
     }
 
 private:
     static constexpr QStringView mainFile = u"";
-    static constexpr QStringView index = u"-shm";
-    static constexpr QStringView journal = u"-wal";
-    static constexpr QStringView rollbackJournal = u"-journal"; ///< Of a change that was cut short.
 
     QString draft(QStringView suffix) const { return m_store % suffix % u".copy"_s; }
     bool exists(QStringView suffix) const { return DurableFiles::isTaken(m_olderStore % suffix); }
@@ -68,7 +65,8 @@ private:
     }
     void removeDrafts() const
     {
-        for (const QStringView suffix : {mainFile, index, journal, rollbackJournal})
+        DurableFiles::remove(draft(mainFile));
+        for (const QStringView suffix : StoreCompanion::all)
             DurableFiles::remove(draft(suffix));
     }
 

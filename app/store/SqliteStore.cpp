@@ -10,6 +10,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QStringBuilder>
 #include <QtCore/QTemporaryDir>
 
 #include <SQLiteCpp/Transaction.h>
@@ -73,8 +74,8 @@ std::optional<StoreError> createStoreFile(const QString& path)
     if (const auto error = setOrphanedCompanionsAside(path))
         return errorFrom(*error);
     const QString draft = path + u".new"_s;
-    for (const QString& suffix : QStringList{QString()} + storeCompanionSuffixes()) {
-        if (const auto error = DurableFiles::remove(draft + suffix))
+    for (const QString& file : QStringList{draft} + storeCompanions(draft)) {
+        if (const auto error = DurableFiles::remove(file))
             return errorFrom(*error);
     }
     try {
@@ -104,8 +105,8 @@ SqliteStore::SqliteStore(const QString& path)
 {
     // A file that ends up refused keeps the journal that it came with. One without a journal must
     // not keep the empty one that SQLite makes for itself. Settled before anything is read.
-    setConnectionOption(
-        m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, DurableFiles::isTaken(path + u"-wal"_s));
+    setConnectionOption(m_database, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE,
+        DurableFiles::isTaken(path % StoreCompanion::journal));
     setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_VIEW, false);
     setConnectionOption(m_database, SQLITE_DBCONFIG_ENABLE_TRIGGER, false);
     configure(m_database);
@@ -148,14 +149,15 @@ Result<std::unique_ptr<PersistentStore>, StoreError> SqliteStore::openInMemory()
 
 std::optional<StoreError> SqliteStore::rehearseRollback(const QString& file)
 {
-    if (!DurableFiles::isTaken(file + u"-journal"_s))
+    if (!DurableFiles::isTaken(file % StoreCompanion::rollbackJournal))
         return std::nullopt;
     const QTemporaryDir folder;
     const QString copy = folder.filePath(u"store"_s);
-    for (const QString& suffix : {QString(), u"-wal"_s, u"-journal"_s}) {
-        if (!DurableFiles::isTaken(file + suffix))
+    for (const QStringView suffix :
+        {QStringView(), StoreCompanion::journal, StoreCompanion::rollbackJournal}) {
+        if (!DurableFiles::isTaken(file % suffix))
             continue;
-        if (const auto error = DurableFiles::copy(file + suffix, copy + suffix))
+        if (const auto error = DurableFiles::copy(file % suffix, copy % suffix))
             return errorFrom(*error);
     }
     try {

@@ -3,6 +3,7 @@
 #include "app/store/DurableFiles.h"
 
 #include <QtCore/QDir>
+#include <QtCore/QStringBuilder>
 
 #include <algorithm>
 #include <sys/stat.h>
@@ -44,24 +45,26 @@ bool isSameFile(const QString& left, const QString& right)
 
 } // namespace
 
-QStringList storeCompanionSuffixes()
+QStringList storeCompanions(const QString& path)
 {
-    return {u"-shm"_s, u"-wal"_s, u"-journal"_s};
+    QStringList companions;
+    for (const QStringView suffix : StoreCompanion::all)
+        companions << path % suffix;
+    return companions;
 }
 
 bool belongsToStore(const QString& path, const QString& storeFile)
 {
-    const QStringList suffixes = QStringList{QString()} + storeCompanionSuffixes();
-    return std::ranges::any_of(suffixes, [&](const QString& suffix) {
-        const QString file = storeFile + suffix;
+    const auto isAtOrLeadsTo = [&](const QString& file) {
         return placeOf(path) == placeOf(file) || isSameFile(path, file);
-    });
+    };
+    return isAtOrLeadsTo(storeFile)
+        || std::ranges::any_of(storeCompanions(storeFile), isAtOrLeadsTo);
 }
 
 std::optional<SystemError> setOrphanedCompanionsAside(const QString& path)
 {
-    for (const QString& suffix : storeCompanionSuffixes()) {
-        const QString companion = path + suffix;
+    for (const QString& companion : storeCompanions(path)) {
         if (!DurableFiles::isTaken(companion))
             continue;
         if (auto error = DurableFiles::renameToFreeName(companion, freeNameFor(companion)))

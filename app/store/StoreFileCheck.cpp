@@ -58,8 +58,8 @@ std::optional<StoreError> checkKind(const QString& path)
 /// A companion that is not a file would block SQLite or be written into.
 std::optional<StoreError> checkCompanions(const QString& path)
 {
-    for (const QString& suffix : storeCompanionSuffixes()) {
-        const QFileInfo companion(path + suffix);
+    for (const QString& file : storeCompanions(path)) {
+        const QFileInfo companion(file);
         if (companion.isSymLink() || (companion.exists() && !companion.isFile()))
             return StoreError{
                 sentenceWithDetail(u"Ce qui accompagne la base de données n'est pas un fichier"_s,

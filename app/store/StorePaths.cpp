@@ -24,11 +24,6 @@ QString StorePaths::storeFile() const
     return dataFolder() + u"/Spoolwright.store"_s;
 }
 
-QString StorePaths::backupFolder() const
-{
-    return dataFolder() + u"/Backups"_s;
-}
-
 QString StorePaths::olderStoreFile() const
 {
     return m_documents + u"/Reelhouse/Reelhouse.store"_s;

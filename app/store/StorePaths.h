@@ -16,10 +16,8 @@ public:
     /// A system that knows no Documents folder ends the program.
     static StorePaths ofCurrentUser();
 
-    const QString& documentsFolder() const { return m_documents; }
     QString dataFolder() const;
     QString storeFile() const;
-    QString backupFolder() const;
     /// The store of the time before the program had its present name.
     QString olderStoreFile() const;
 

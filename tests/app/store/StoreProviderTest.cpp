@@ -93,7 +93,6 @@ void StoreProviderTest::thePathsHangBelowDocuments()
     const StorePaths documents(u"/home/ada/Documents"_s);
     QCOMPARE(documents.dataFolder(), u"/home/ada/Documents/Spoolwright"_s);
     QCOMPARE(documents.storeFile(), u"/home/ada/Documents/Spoolwright/Spoolwright.store"_s);
-    QCOMPARE(documents.backupFolder(), u"/home/ada/Documents/Spoolwright/Backups"_s);
     QCOMPARE(documents.olderStoreFile(), u"/home/ada/Documents/Reelhouse/Reelhouse.store"_s);
 }
 
