@@ -1,6 +1,7 @@
 #include "app/shell/AppDelegate.h"
 
 #include "app/backup/BackupService.h"
+#include "app/shell/FileBrowser.h"
 #include "app/shell/MainWindow.h"
 #include "app/shell/MainWindowPlace.h"
 #include "app/shell/WindowPlacement.h"
@@ -13,8 +14,6 @@
 #include "core/preferences/Preferences.h"
 
 #include <QtCore/QTimer>
-#include <QtCore/QUrl>
-#include <QtGui/QDesktopServices>
 #include <QtWidgets/QApplication>
 
 #include <chrono>
@@ -223,7 +222,7 @@ void AppDelegate::presentStoreError(const QString& message)
 
 void AppDelegate::openDataFolder()
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(m_provider.paths().dataFolder()));
+    FileBrowser::openFolder(m_provider.paths().dataFolder());
 }
 
 StoreContainer* AppDelegate::modelContainer() const

@@ -25,8 +25,7 @@ void UnsavedNotice::showOutcome(const QString& failure)
 {
     if (failure.isEmpty())
         return hide();
-    const QString text
-        = unsavedText(failure) + u" Spoolwright réessaie toutes les deux secondes."_s;
+    const QString text = unsavedText(failure) + u" Spoolwright continue d'essayer."_s;
     if (text == m_text->text() && !isHidden())
         return;
     m_text->setText(text);

@@ -314,7 +314,7 @@ void ContentViewTest::whatCouldNotBeSavedIsToldUntilItIs()
     const ContentViewFixture fixture(StoreKind::File);
     StoreContext& context = fixture.stock->context();
     const QString told = u"Les dernières modifications ne sont pas enregistrées : Le disque est "
-                         "plein. Spoolwright réessaie toutes les deux secondes."_s;
+                         "plein. Spoolwright continue d'essayer."_s;
     QVERIFY(!fixture.showsTitle(told));
 
     emit context.committed(u"Le disque est plein."_s);
