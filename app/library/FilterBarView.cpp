@@ -75,6 +75,7 @@ FilterBarView::FilterBarView(
         std::initializer_list<QWidget*>{m_searchField, m_reset, m_star, m_resultCount})
         bar->addWidget(widget);
 
+    connect(m_searchField, &SearchField::resultsRequested, this, &FilterBarView::resultsRequested);
     connect(m_searchField, &QLineEdit::textEdited, this, [this](const QString& text) {
         FilterSelection edited = m_selection;
         edited.searchText = text;

@@ -41,6 +41,8 @@ signals:
     /// The user changed one control; `selection` is the whole new value.
     void selectionEdited(const FilterSelection& selection);
     void resetRequested();
+    /// The keyboard is to go to what is shown.
+    void resultsRequested();
     void saveFavoriteRequested();
     void favoriteChosen(const FilterFavorite& favorite);
     /// The favourite is to take the criteria shown.

@@ -136,6 +136,10 @@ void LibraryView::listenToFilterBar()
 {
     connect(m_filterBar, &FilterBarView::selectionEdited, this, &LibraryView::setSelection);
     connect(m_filterBar, &FilterBarView::resetRequested, this, &LibraryView::resetFilters);
+    connect(m_filterBar, &FilterBarView::resultsRequested, this, [this] {
+        if (m_hasResult)
+            selectedFilament()->takeKeyboard();
+    });
     connect(m_filterBar, &FilterBarView::favoriteChosen, this, &LibraryView::applyFavorite);
     connect(m_filterBar, &FilterBarView::favoriteUpdateRequested, this,
         [this](const FilterFavorite& favorite) {

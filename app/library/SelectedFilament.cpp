@@ -43,6 +43,13 @@ FilamentId SelectedFilament::shownId() const
     return selected.isEmpty() ? FilamentId{} : m_model.idAt(selected.first().row());
 }
 
+void SelectedFilament::takeKeyboard()
+{
+    m_view.setFocus();
+    if (!shownId())
+        m_view.setCurrentIndex(m_model.index(0, 0));
+}
+
 void SelectedFilament::showRows(std::vector<FilamentId> rows)
 {
     const int column = std::max(0, m_view.currentIndex().column());

@@ -31,6 +31,8 @@ public:
     void select(FilamentId id);
     /// The selected filament, or nothing while it is not on show.
     FilamentId shownId() const;
+    /// Gives the view the keyboard; the first filament is selected where none on show is.
+    void takeKeyboard();
     /// Shows these filaments, in this order; called again after every change of the stock.
     void showRows(std::vector<FilamentId> rows);
     /// Selects the filament under the pointer, or the current one, and opens its menu.

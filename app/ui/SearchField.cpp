@@ -46,6 +46,8 @@ void SearchField::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && !text().isEmpty())
         empty();
+    else if (event->key() == Qt::Key_Down)
+        emit resultsRequested();
     else
         QLineEdit::keyPressEvent(event);
 }

@@ -15,6 +15,10 @@ public:
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+signals:
+    /// Down was pressed: the user wants to go on in what was found.
+    void resultsRequested();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 

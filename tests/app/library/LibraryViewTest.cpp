@@ -15,6 +15,8 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QAbstractItemView>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 
@@ -37,6 +39,8 @@ private slots:
     void aPendingFavoriteWaitsUntilTheLibraryIsShown();
     void theFilterIsSavedAndUpdatedFromTheStar();
     void controlFGoesToTheSearch();
+    void downGoesFromTheSearchToWhatWasFound_data();
+    void downGoesFromTheSearchToWhatWasFound();
     void anEditIsShownWithTheNextTurn();
     void printingIsOfferedForWhatIsShown_data();
     void printingIsOfferedForWhatIsShown();
@@ -240,6 +244,38 @@ void LibraryViewTest::controlFGoesToTheSearch()
     QTest::keyClick(&fixture.library, Qt::Key_F, Qt::ControlModifier);
 
     QVERIFY(fixture.library.findChild<SearchField*>()->hasFocus());
+}
+
+void LibraryViewTest::downGoesFromTheSearchToWhatWasFound_data()
+{
+    QTest::addColumn<Qt::Key>("mode");
+
+    QTest::newRow("list") << Qt::Key_1;
+    QTest::newRow("cards") << Qt::Key_2;
+}
+
+void LibraryViewTest::downGoesFromTheSearchToWhatWasFound()
+{
+    QFETCH(Qt::Key, mode);
+    LibraryViewFixture fixture(StoreKind::File);
+    QTest::keyClick(&fixture.library, mode, Qt::ControlModifier);
+    auto* field = fixture.library.findChild<SearchField*>();
+
+    fixture.type(u"introuvable"_s);
+    QTest::keyClick(field, Qt::Key_Down);
+    QVERIFY(field->hasFocus());
+
+    fixture.type(u"petg"_s);
+    QTest::keyClick(field, Qt::Key_Down);
+    auto* view = qobject_cast<QAbstractItemView*>(QApplication::focusWidget());
+    QVERIFY(view);
+    QCOMPARE(view->selectionModel()->selectedRows().value(0).row(), 0);
+
+    QTest::keyClick(view, mode == Qt::Key_1 ? Qt::Key_Down : Qt::Key_Right);
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_Down);
+    QVERIFY(view->hasFocus());
+    QCOMPARE(view->selectionModel()->selectedRows().value(0).row(), 1);
 }
 
 void LibraryViewTest::anEditIsShownWithTheNextTurn()
