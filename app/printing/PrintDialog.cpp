@@ -4,6 +4,7 @@
 
 #include <QtCore/QFileInfo>
 #include <QtPrintSupport/QPrintDialog>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QToolButton>
 
@@ -22,22 +23,28 @@ public:
         , m_fileName(findChild<QLineEdit*>(u"filename"_s))
     {
         auto* browse = findChild<QToolButton*>(u"fileBrowser"_s);
-        if (!browse || !m_fileName)
+        auto* buttons = findChild<QDialogButtonBox*>();
+        if (!browse || !buttons || !m_fileName)
             return;
-        // The toolkit's own panel looks into the files that it lists, which may be the store's.
+        // The toolkit's own panel, and what completes a path, look into the files that they list,
+        // which may be the store's.
+        m_fileName->setCompleter(nullptr);
         disconnect(browse, &QToolButton::clicked, nullptr, nullptr);
         connect(browse, &QToolButton::clicked, this, &PrintDialog::chooseFile);
-    }
-
-    void accept() override
-    {
-        // The toolkit opens the file to see whether it can be written.
-        if (m_fileName && m_fileName->isEnabled() && m_isRefused(m_fileName->text()))
-            return reject();
-        QPrintDialog::accept();
+        disconnect(buttons, &QDialogButtonBox::accepted, this, nullptr);
+        connect(buttons, &QDialogButtonBox::accepted, this, &PrintDialog::checkAndAccept);
     }
 
 private:
+    void checkAndAccept()
+    {
+        // The toolkit's check opens the file to see whether it can be written, then accepts.
+        if (m_fileName->isEnabled() && m_isRefused(m_fileName->text()))
+            reject();
+        else if (!QMetaObject::invokeMethod(this, "_q_checkFields"))
+            accept();
+    }
+
     void chooseFile()
     {
         FilePanels::openSavePanel(this, u"Imprimer dans un fichier"_s,

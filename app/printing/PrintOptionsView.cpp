@@ -235,7 +235,7 @@ void PrintOptionsView::makeButtons()
     setConfirmButton(m_print);
     connect(cancel, &QPushButton::clicked, this, &PrintOptionsView::reject);
     connect(m_export, &QPushButton::clicked, this, &PrintOptionsView::choosePdfFile);
-    connect(m_print, &QPushButton::clicked, this, &PrintOptionsView::choosePrinter);
+    connect(m_print, &QPushButton::clicked, this, [this] { choosePrinter(*this); });
 }
 
 bool PrintOptionsView::printsWholeStock() const
@@ -295,17 +295,24 @@ ReportTextView PrintOptionsView::makeView() const
 
 void PrintOptionsView::preview()
 {
-    openPrintPreview(std::make_shared<const ReportTextView>(makeView()), this);
+    m_previewDialog = openPrintPreview(std::make_shared<const ReportTextView>(makeView()), this,
+        [this] { choosePrinter(*m_previewDialog); });
 }
 
-void PrintOptionsView::choosePrinter()
+void PrintOptionsView::closePreview()
+{
+    if (m_previewDialog)
+        m_previewDialog->close();
+}
+
+void PrintOptionsView::choosePrinter(QWidget& over)
 {
     m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     m_printer->setDocName(u"Stock de filaments"_s);
     m_printer->setCreator(u"Spoolwright"_s);
     PrintService::setReportPage(*m_printer, m_orientation->orientation());
     auto* dialog = makePrintDialog(
-        *m_printer, [this](const QString& path) { return isRefused(path); }, this);
+        *m_printer, [this](const QString& path) { return isRefused(path); }, &over);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::accepted, this, &PrintOptionsView::print);
     dialog->open();
@@ -313,6 +320,7 @@ void PrintOptionsView::choosePrinter()
 
 void PrintOptionsView::print()
 {
+    closePreview(); // How it goes on is shown in the sheet.
     ReportTextView view = makeView();
     const PageSpan pages = chosenPages(*m_printer, view);
     // A file is written as any other PDF is, so that it is whole or told to be missing.
@@ -389,6 +397,7 @@ void PrintOptionsView::failJob(const PrintError& error)
 
 void PrintOptionsView::showError(const PrintError& error)
 {
+    closePreview();
     m_status->show();
     m_status->showMessage(StatusKind::Error, u"Erreur d'écriture : "_s + error.description);
     setPanelSize(printSheetWidth);

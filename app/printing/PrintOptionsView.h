@@ -6,6 +6,8 @@
 #include "core/model/EntityId.h"
 #include "core/model/Filament.h"
 
+#include <QtCore/QPointer>
+
 #include <functional>
 #include <vector>
 
@@ -54,7 +56,8 @@ private:
     ReportTextView makeView() const;
 
     void preview();
-    void choosePrinter();
+    void closePreview();
+    void choosePrinter(QWidget& over);
     void print();
     void choosePdfFile();
     void exportPdf(const QString& path);
@@ -81,6 +84,7 @@ private:
     QPushButton* m_export = nullptr;
     QPushButton* m_print = nullptr;
     QList<QWidget*> m_choices; ///< What cannot be changed while a report is printed.
+    QPointer<QDialog> m_previewDialog;
     std::unique_ptr<QPrinter> m_printer; ///< While the user chooses one.
     std::unique_ptr<PrintJob> m_job; ///< While a report is printed.
 };

@@ -3,7 +3,7 @@
 #include "app/printing/PagePainter.h"
 #include "app/printing/PrintService.h"
 
-#include <QtGui/QPaintEngine>
+#include <QtGui/QAction>
 #include <QtGui/QScreen>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrintPreviewWidget>
@@ -26,15 +26,25 @@ constexpr int mostPreviewPages = 100;
 constexpr QSize previewSize(1000, 860);
 constexpr double shareOfTheScreen = 0.9;
 
-/// Paints what the preview asks for: its first pages, or all of them when it prints.
+/// Paints the pages that the preview shows: the first ones.
 void paintForPreview(const ReportTextView& view, QPrinter& paper)
 {
     PrintService::setReportPage(paper, view.orientation());
-    int pages = view.pageCount();
-    if (paper.paintEngine()->type() == QPaintEngine::Picture)
-        pages = std::min(pages, mostPreviewPages);
+    const int pages = std::min(view.pageCount(), mostPreviewPages);
     PagePainter painter(view, paper, {0, pages - 1}, PageNumbering::Number);
     while (!painter.isDone() && painter.paintNext()) {}
+}
+
+/// The toolkit would ask for a printer with a dialog of its own, which opens the file to print
+/// into.
+void replacePrinting(QPrintPreviewDialog& dialog, const std::function<void()>& print)
+{
+    for (const auto* action : dialog.findChildren<QAction*>()) {
+        if (action->text() != QPrintPreviewDialog::tr("Print"))
+            continue;
+        QObject::disconnect(action, &QAction::triggered, &dialog, nullptr);
+        QObject::connect(action, &QAction::triggered, &dialog, print);
+    }
 }
 
 /// Qt leaves the fields and the pages of its preview without a name.
@@ -61,7 +71,8 @@ void nameControls(QPrintPreviewDialog& dialog)
 
 } // namespace
 
-void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget* parent)
+QDialog* openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget* parent,
+    const std::function<void()>& print)
 {
     const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
     PrintService::setReportPage(*printer, view->orientation());
@@ -71,10 +82,12 @@ void openPrintPreview(const std::shared_ptr<const ReportTextView>& view, QWidget
     if (view->pageCount() > mostPreviewPages)
         dialog->setWindowTitle(u"Aperçu des %1 premières pages"_s.arg(mostPreviewPages));
     nameControls(*dialog);
+    replacePrinting(*dialog, print);
     // The printer is needed for as long as the dialog lives.
     QObject::connect(dialog, &QPrintPreviewDialog::paintRequested, dialog,
         [view, printer](QPrinter* paper) { paintForPreview(*view, *paper); });
     dialog->open();
+    return dialog;
 }
 
 } // namespace reelhouse

@@ -8,8 +8,11 @@
 #include "tests/support/StockGenerator.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QPointer>
 #include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QTimer>
+#include <QtGui/QAction>
 #include <QtPrintSupport/QPrintDialog>
 #include <QtPrintSupport/QPrintPreviewDialog>
 #include <QtPrintSupport/QPrintPreviewWidget>
@@ -17,9 +20,11 @@
 #include <QtTest/QTest>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QCheckBox>
+#include <QtWidgets/QDialogButtonBox>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QMessageBox>
 #include <QtWidgets/QProgressBar>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
@@ -54,6 +59,9 @@ private slots:
     void theFileToPrintIntoIsChosenInOurOwnPanel();
     void thePreviewShowsThePages_data();
     void thePreviewShowsThePages();
+    void thePreviewPrintsAsTheSheetDoes();
+    void thePreviewPrintsIntoNoFileOfTheProgram();
+    void aCancelledPrintDialogLeavesThePreviewOpen();
 
 private:
     QTemporaryDir m_folder;
@@ -109,6 +117,11 @@ public:
         emit panel->fileSelected(path);
         delete panel;
     }
+    QPrintPreviewDialog& openPreview()
+    {
+        button(u"Aperçu…"_s).click();
+        return *m_sheet->findChild<QPrintPreviewDialog*>();
+    }
 
 private:
     RecordingStore m_store;
@@ -116,6 +129,23 @@ private:
     QWidget m_window;
     PrintOptionsView* m_sheet;
 };
+
+/// The dialog that the preview's own command to print opens; null when a printer is installed.
+QPrintDialog* printFrom(const QPrintPreviewDialog& preview)
+{
+    for (QAction* action : preview.findChildren<QAction*>()) {
+        if (action->text() == u"Print"_s)
+            action->trigger();
+    }
+    auto* dialog = preview.findChild<QPrintDialog*>();
+    return dialog->printer()->outputFormat() == QPrinter::PdfFormat ? dialog : nullptr;
+}
+
+void printTo(QPrintDialog& dialog, const QString& path)
+{
+    dialog.findChild<QLineEdit*>(u"filename"_s)->setText(path);
+    dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+}
 
 } // namespace
 
@@ -384,12 +414,9 @@ void PrintOptionsViewTest::printingWithoutAPrinterWorksToAFile()
     if (dialog->printer()->outputFormat() != QPrinter::PdfFormat)
         QSKIP("a printer is installed");
     const QString pdf = m_folder.filePath(u"printed.pdf"_s);
-    auto* fileName = dialog->findChild<QLineEdit*>(u"filename"_s);
-    QVERIFY(fileName);
-    fileName->setText(pdf);
     const QSignalSpy accepted(&opened.sheet(), &QDialog::accepted);
 
-    dialog->accept();
+    printTo(*dialog, pdf);
 
     QTRY_COMPARE(accepted.size(), 1);
     QCOMPARE(documentFact(pdf, u"Page size"_s), u"842 x 595 pts (A4)"_s);
@@ -409,10 +436,17 @@ void PrintOptionsViewTest::filesOfTheProgramAreNotPrintedInto()
     QFile reserved(m_folder.filePath(u"réservé.pdf"_s));
     QVERIFY(reserved.open(QIODevice::WriteOnly));
     reserved.close();
-    dialog->findChild<QLineEdit*>(u"filename"_s)->setText(reserved.fileName());
 
-    dialog->accept(); // Would ask whether to write over the file, had it looked at it.
+    bool isAsked = false; // The toolkit, having looked at the file, asks whether to write over it.
+    QTimer::singleShot(0, &opened.sheet(), [&isAsked] {
+        if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            isAsked = true;
+            question->reject();
+        }
+    });
+    printTo(*dialog, reserved.fileName());
 
+    QVERIFY(!isAsked);
     QVERIFY(!dialog->isVisible());
     QCOMPARE(dialog->result(), int(QDialog::Rejected));
     QCOMPARE(opened.sheet().findChild<StatusLine*>()->text(), u"Erreur d'écriture : Réservé."_s);
@@ -456,14 +490,62 @@ void PrintOptionsViewTest::thePreviewShowsThePages()
     QFETCH(QString, expectedTitle);
 
     OpenPrintSheet opened(QString(), filaments, filaments);
-    opened.button(u"Aperçu…"_s).click();
-    auto* dialog = opened.sheet().findChild<QPrintPreviewDialog*>();
-    QVERIFY(dialog);
-    auto* pages = dialog->findChild<QPrintPreviewWidget*>();
+    QPrintPreviewDialog& dialog = opened.openPreview();
+    auto* pages = dialog.findChild<QPrintPreviewWidget*>();
     QTRY_COMPARE(pages->pageCount(), expectedPages);
-    QCOMPARE(dialog->windowTitle(), expectedTitle);
+    QCOMPARE(dialog.windowTitle(), expectedTitle);
     QCOMPARE(pages->orientation(), QPageLayout::Portrait);
+    dialog.reject();
+    QVERIFY(opened.sheet().isVisible());
+}
+
+void PrintOptionsViewTest::thePreviewPrintsAsTheSheetDoes()
+{
+    OpenPrintSheet opened(QString(), 6000, 6000);
+    QPointer<QPrintPreviewDialog> preview = &opened.openPreview();
+    QPrintDialog* dialog = printFrom(*preview);
+    if (!dialog)
+        QSKIP("a printer is installed");
+    const QString pdf = m_folder.filePath(u"previewed.pdf"_s);
+    const QSignalSpy accepted(&opened.sheet(), &QDialog::accepted);
+
+    printTo(*dialog, pdf);
+
+    QVERIFY(!preview->isVisible());
+    QVERIFY(opened.sheet().findChild<QProgressBar*>()->isVisible());
+    QTRY_COMPARE(accepted.size(), 1);
+    QVERIFY(!preview);
+    QCOMPARE(documentFact(pdf, u"Title"_s), u"Stock de filaments"_s);
+    QVERIFY2(documentFact(pdf, u"Pages"_s).toInt() > 100, "also those that were not shown");
+}
+
+void PrintOptionsViewTest::thePreviewPrintsIntoNoFileOfTheProgram()
+{
+    OpenPrintSheet opened;
+    QPrintPreviewDialog& preview = opened.openPreview();
+    QPrintDialog* dialog = printFrom(preview);
+    if (!dialog)
+        QSKIP("a printer is installed");
+
+    printTo(*dialog, m_folder.filePath(u"autre/réservé.pdf"_s));
+
+    QVERIFY(!preview.isVisible());
+    auto* status = opened.sheet().findChild<StatusLine*>();
+    QCOMPARE(status->text(), u"Erreur d'écriture : Réservé."_s);
+    QVERIFY(status->isVisible());
+}
+
+void PrintOptionsViewTest::aCancelledPrintDialogLeavesThePreviewOpen()
+{
+    OpenPrintSheet opened;
+    QPrintPreviewDialog& preview = opened.openPreview();
+    QPrintDialog* dialog = printFrom(preview);
+    if (!dialog)
+        QSKIP("a printer is installed");
+
     dialog->reject();
+
+    QVERIFY(preview.isVisible());
     QVERIFY(opened.sheet().isVisible());
 }
 
