@@ -55,6 +55,15 @@ qreal textGrowth(const QWidget& widget)
     return std::max(1.0, widget.fontInfo().pointSizeF() / designedPointSize);
 }
 
+/// The window that a sheet lies over, below all other sheets; the sheet itself when there is none.
+const QWidget* outermostWindow(const QWidget& sheet)
+{
+    const QWidget* window = &sheet;
+    while (window->parentWidget() != nullptr)
+        window = window->parentWidget()->window();
+    return window;
+}
+
 } // namespace
 
 Sheet::Sheet(const QString& title, int width, QWidget* parent)
@@ -143,8 +152,9 @@ void Sheet::fitIntoWindow()
     const QMargins margins = layout()->contentsMargins();
     const qreal growth = textGrowth(*this);
     int width = qRound(growth * m_panelWidth) + shadow;
-    if (parentWidget() != nullptr)
-        width = std::min(width, parentWidget()->window()->width() - windowMargin + shadow);
+    const QWidget* window = outermostWindow(*this);
+    if (window != this)
+        width = std::min(width, window->width() - windowMargin + shadow);
     const int contentWidth = width - margins.left() - margins.right();
     QLayout* content = m_scrollArea->widget()->layout();
     content->activate();
@@ -156,8 +166,8 @@ void Sheet::fitIntoWindow()
     int height = contentHeight + rowHeight + margins.top() + margins.bottom();
     if (m_panelHeight > 0)
         height = qRound(growth * m_panelHeight) + shadow;
-    if (parentWidget() != nullptr)
-        height = std::min(height, parentWidget()->window()->height() - windowMargin + shadow);
+    if (window != this)
+        height = std::min(height, window->height() - windowMargin + shadow);
     setFixedSize(width, height);
     // A scroll bar that was needed takes the width without which texts wrap into more lines, and
     // would stay for ever.
@@ -166,8 +176,7 @@ void Sheet::fitIntoWindow()
     m_scrollArea->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scrollArea->setVerticalScrollBarPolicy(wanted);
 
-    if (parentWidget() != nullptr) {
-        const QWidget* window = parentWidget()->window();
+    if (window != this) {
         QRect place(QPoint(), size());
         place.moveCenter(window->geometry().center());
         move(place.topLeft());

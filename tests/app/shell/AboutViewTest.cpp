@@ -156,6 +156,7 @@ void AboutViewTest::theNoticesNameWhatTheProgramIsMadeOf()
 
     auto* sheet = fixture.sheet.findChild<NoticesView*>();
     QVERIFY(sheet && sheet->isVisible());
+    QCOMPARE(sheet->panelRect().size(), QSize(600, 560));
     QCOMPARE(tests::unnamedControls(sheet), QStringList());
     const QString text = sheet->findChild<QPlainTextEdit*>()->toPlainText();
     for (const QString& part : {u"Qt 6\n"_s, u"\nSQLite\n"_s, u"\nsimdjson\n"_s, u"\nSQLiteCpp\n"_s,

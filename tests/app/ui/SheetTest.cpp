@@ -31,6 +31,7 @@ private slots:
     void deletingAnOpenSheetTakesTheScrimAway();
     void theScrimFollowsTheWindow();
     void itIsNeverHigherThanTheWindow();
+    void overASmallSheetItHasItsOwnSize();
     void whatDoesNotFitIsReachedByKey();
     void itGrowsWithTheFont();
     void keysCloseIt_data();
@@ -167,6 +168,22 @@ void SheetTest::itIsNeverHigherThanTheWindow()
     const QPoint bottom = open.confirm().mapTo(&open.sheet(), open.confirm().rect().bottomRight());
     QVERIFY(open.sheet().panelRect().contains(bottom));
     QVERIFY(open.field().height() >= 2000);
+}
+
+void SheetTest::overASmallSheetItHasItsOwnSize()
+{
+    OpenSheet open;
+    open.sheet().setPanelSize(300, 200);
+    Sheet second(u"Composants tiers"_s, 600, &open.sheet());
+    second.setPanelSize(600, 560);
+    second.open();
+
+    QCOMPARE(second.panelRect().size(), QSize(600, 560));
+    const QPoint offset = second.geometry().center() - open.window().geometry().center();
+    QVERIFY(offset.manhattanLength() <= 2);
+
+    second.setPanelSize(3000, 3000);
+    QCOMPARE(second.panelRect().size(), QSize(1100 - 48, 800 - 48));
 }
 
 void SheetTest::whatDoesNotFitIsReachedByKey()
