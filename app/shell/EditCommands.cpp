@@ -5,6 +5,7 @@
 #include <QtCore/QMimeData>
 #include <QtGui/QAction>
 #include <QtGui/QClipboard>
+#include <QtGui/QKeyEvent>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QLineEdit>
 #include <QtWidgets/QMenu>
@@ -66,18 +67,47 @@ void EditCommands::followFocus(const QWidget* /*before*/, QWidget* now)
     // Who walks through the menu bar with the keyboard wants to edit what had it before.
     if (!now || qobject_cast<const QMenuBar*>(now))
         return;
+    if (m_field)
+        m_field->removeEventFilter(this);
     m_field = qobject_cast<QLineEdit*>(now);
+    if (m_field)
+        m_field->installEventFilter(this);
     refresh();
+}
+
+bool EditCommands::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched != m_field || event->type() != QEvent::ShortcutOverride)
+        return QObject::eventFilter(watched, event);
+    // A field keeps the keys of undo and redo for itself, even with nothing to undo.
+    const QKeySequence key(static_cast<const QKeyEvent*>(event)->keyCombination());
+    refresh();
+    if ((key == m_undo->shortcut() && !fieldCanUndo())
+        || (key == m_redo->shortcut() && !fieldCanRedo())) {
+        event->ignore();
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool EditCommands::fieldCanUndo() const
+{
+    return m_field && m_field->isUndoAvailable();
+}
+
+bool EditCommands::fieldCanRedo() const
+{
+    return m_field && m_field->isRedoAvailable();
 }
 
 void EditCommands::refresh()
 {
-    const QString undoName = m_field ? QString() : m_context.undoActionName();
-    const QString redoName = m_field ? QString() : m_context.redoActionName();
+    const QString undoName = fieldCanUndo() ? QString() : m_context.undoActionName();
+    const QString redoName = fieldCanRedo() ? QString() : m_context.redoActionName();
     m_undo->setText(named(u"&Annuler"_s, undoName));
     m_redo->setText(named(u"&Rétablir"_s, redoName));
-    m_undo->setEnabled(m_field ? m_field->isUndoAvailable() : !undoName.isEmpty());
-    m_redo->setEnabled(m_field ? m_field->isRedoAvailable() : !redoName.isEmpty());
+    m_undo->setEnabled(fieldCanUndo() || !undoName.isEmpty());
+    m_redo->setEnabled(fieldCanRedo() || !redoName.isEmpty());
 
     const bool hasSelection = m_field && m_field->hasSelectedText();
     const bool isWritable = m_field && !m_field->isReadOnly();
@@ -90,7 +120,7 @@ void EditCommands::refresh()
 
 void EditCommands::undo()
 {
-    if (m_field)
+    if (fieldCanUndo())
         m_field->undo();
     else
         m_context.undo();
@@ -98,7 +128,7 @@ void EditCommands::undo()
 
 void EditCommands::redo()
 {
-    if (m_field)
+    if (fieldCanRedo())
         m_field->redo();
     else
         m_context.redo();

@@ -15,18 +15,23 @@ namespace reelhouse {
 class StoreContext;
 
 /// The entries of the menu "Édition". While a text field has the keyboard they edit its text, as
-/// their keys do there; else the first two put actions of the user back and do them again, each
-/// with the name of the action, and the others rest.
+/// their keys do there. Where it has nothing to undo or to redo, the first two put actions of the
+/// user back and do them again, each with the name of the action; without a field the others rest.
 class EditCommands final : public QObject {
     Q_OBJECT
 
 public:
     EditCommands(StoreContext& context, QMenu& menu, QObject* parent);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QAction* addFieldCommand(
         const QString& text, const QKeySequence& key, const std::function<void(QLineEdit&)>& edit);
     void followFocus(const QWidget* before, QWidget* now);
+    bool fieldCanUndo() const;
+    bool fieldCanRedo() const;
     void refresh();
     void undo();
     void redo();

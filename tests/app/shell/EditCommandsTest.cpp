@@ -25,6 +25,7 @@ private slots:
     void withoutATextFieldTheStockIsMeant();
     void aTextFieldIsEdited();
     void keysAndMenuMeanTheSameField();
+    void aFieldWithNothingToUndoLeavesThatToTheStock();
     void whoWalksThroughTheMenuBarEditsWhatHadTheKeyboard();
     void aFieldThatIsGoneIsNotEdited();
 };
@@ -144,7 +145,7 @@ void EditCommandsTest::aTextFieldIsEdited()
     const EditFixture fixture;
     QGuiApplication::clipboard()->clear();
     fixture.field->setFocus();
-    QCOMPARE(fixture.enabledEntries(), QStringList());
+    QCOMPARE(fixture.enabledEntries(), QStringList{u"Annuler « Ajouter une marque »"_s});
     QTest::keyClicks(fixture.field, u"rouge"_s);
     QCOMPARE(fixture.enabledEntries(), QStringList({u"Annuler"_s, u"Tout sélectionner"_s}));
 
@@ -182,7 +183,6 @@ void EditCommandsTest::keysAndMenuMeanTheSameField()
 
     QTest::keyClick(fixture.field, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(fixture.field->text(), QString());
-    QTest::keyClick(fixture.field, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(fixture.brands(), 1);
 
     fixture.other->setFocus();
@@ -191,6 +191,30 @@ void EditCommandsTest::keysAndMenuMeanTheSameField()
     fixture.stock->context().processPendingChanges();
     QTest::keyClick(fixture.other, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(fixture.brands(), 1);
+}
+
+void EditCommandsTest::aFieldWithNothingToUndoLeavesThatToTheStock()
+{
+    const EditFixture fixture;
+    fixture.field->setFocus();
+    QTest::keyClicks(fixture.field, u"bleu"_s);
+    const auto press = [&](Qt::KeyboardModifiers modifiers) {
+        QTest::keyClick(fixture.field, Qt::Key_Z, modifiers);
+        fixture.stock->context().processPendingChanges();
+    };
+
+    press(Qt::ControlModifier);
+    QCOMPARE(fixture.field->text(), QString());
+    QCOMPARE(fixture.brands(), 1);
+    press(Qt::ControlModifier);
+    QCOMPARE(fixture.brands(), 0);
+
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(fixture.field->text(), u"bleu"_s);
+    QCOMPARE(fixture.brands(), 0);
+    press(Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(fixture.brands(), 1);
+    QCOMPARE(fixture.field->text(), u"bleu"_s);
 }
 
 void EditCommandsTest::whoWalksThroughTheMenuBarEditsWhatHadTheKeyboard()
