@@ -91,7 +91,7 @@ void SidebarDelegate::paint(
         }
         if (option.state.testFlag(QStyle::State_HasFocus)
             && option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange))
-            paintFocusRing(*painter, row, rowRadius, theme);
+            paintFocusRing(*painter, row, rowRadius, isSelected ? theme.accentText : theme.accent);
         const bool isCommand = entryOf(index) == SidebarEntry::Command;
         QRect symbolRect(0, 0, symbolSize, symbolSize);
         symbolRect.moveCenter(row.center());

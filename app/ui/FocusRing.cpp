@@ -27,10 +27,15 @@ bool showsFocusRing(const QStyleOption& option)
 
 void paintFocusRing(QPainter& painter, const QRectF& rect, qreal radius, const Theme& theme)
 {
+    paintFocusRing(painter, rect, radius, theme.accent);
+}
+
+void paintFocusRing(QPainter& painter, const QRectF& rect, qreal radius, const QColor& color)
+{
     constexpr qreal half = ringWidth / 2;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(theme.accent, ringWidth));
+    painter.setPen(QPen(color, ringWidth));
     painter.setBrush(Qt::NoBrush);
     const qreal rounded = std::max(radius - half, 0.0);
     painter.drawRoundedRect(rect.adjusted(half, half, -half, -half), rounded, rounded);

@@ -1,6 +1,8 @@
 #include "app/shell/SidebarView.h"
 
 #include "app/shell/SidebarDelegate.h"
+#include "app/ui/Theme.h"
+#include "tests/support/Pixels.h"
 #include "tests/support/TestMain.h"
 
 #include <QtTest/QSignalSpy>
@@ -18,6 +20,7 @@ private slots:
     void entriesStandInTheirSections();
     void titlesAreNotCut();
     void theFavoriteInUseIsToldByMoreThanAColor();
+    void theRingStandsOutFromTheSelection();
     void onlyScreensCanBeChosen();
     void aClickChoosesAScreen();
     void arrowKeysPassOverHeaders();
@@ -107,6 +110,21 @@ void SidebarViewTest::theFavoriteInUseIsToldByMoreThanAColor()
     QVERIFY(!isTicked(favorites.at(0)) && !isTicked(favorites.at(1)));
     sidebar.setFavorites(favorites, favorites.at(1));
     QVERIFY(!isTicked(favorites.at(0)) && isTicked(favorites.at(1)));
+}
+
+void SidebarViewTest::theRingStandsOutFromTheSelection()
+{
+    SidebarView sidebar;
+    sidebar.show();
+    sidebar.setSelection(NavItem::Brands);
+    QVERIFY(QTest::qWaitForWindowActive(&sidebar));
+    listOf(sidebar).setFocus(Qt::TabFocusReason);
+    sidebar.setAttribute(Qt::WA_KeyboardFocusChange);
+
+    const QImage picture = listOf(sidebar).viewport()->grab().toImage();
+    const QRect row = listOf(sidebar).visualRect(entry(sidebar, u"Marques"_s));
+    const QRect middleOfTheTop(row.center().x(), row.top(), 1, 4);
+    QCOMPARE(tests::pixelsLike(picture, middleOfTheTop, currentTheme().accentText), 2);
 }
 
 void SidebarViewTest::onlyScreensCanBeChosen()

@@ -96,6 +96,7 @@ constexpr Pair graphicPairs[] = {
     {"focus ring on sunken", &Theme::accent, &Theme::sunken},
     {"focus ring on selection", &Theme::accent, &Theme::selection},
     {"focus ring on selection without focus", &Theme::accent, &Theme::track},
+    {"focus ring on sidebar selection", &Theme::accentText, &Theme::selectionSide},
     {"focus ring of a refused input", &Theme::red, &Theme::canvas},
     {"chosen segment", &Theme::chosenIcon, &Theme::raised},
     {"tick in its box", &Theme::onAccent, &Theme::accentButton},
