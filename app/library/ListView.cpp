@@ -3,12 +3,14 @@
 #include "app/library/FilamentRowDelegate.h"
 #include "app/library/FilamentTableModel.h"
 #include "app/library/ListHeader.h"
+#include "app/library/RowLayout.h"
 #include "app/library/SpoolActions.h"
 
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
 
+#include <algorithm>
 #include <array>
 #include <numeric>
 
@@ -46,7 +48,7 @@ Remainder remainderOf(int available, const std::vector<int>& widths)
 
 } // namespace
 
-std::vector<int> listColumnWidths(int available, const std::vector<int>& titles)
+std::vector<int> listColumnWidths(int available, const std::vector<int>& needed)
 {
     std::vector<int> widths(columnShares.size(), 0);
     // A column whose share is too small takes its minimum; the others share what is left anew.
@@ -56,7 +58,7 @@ std::vector<int> listColumnWidths(int available, const std::vector<int>& titles)
         for (size_t column = 0; column < widths.size(); ++column) {
             const int share = columnShares[column].share;
             const int minimum = std::max(
-                columnShares[column].minimum, column < titles.size() ? titles[column] : 0);
+                columnShares[column].minimum, column < needed.size() ? needed[column] : 0);
             if (widths[column] == 0 && remainder.width * share < minimum * remainder.shares) {
                 widths[column] = minimum;
                 isSettled = false;
@@ -141,10 +143,21 @@ void ListView::resizeEvent(QResizeEvent* event)
 void ListView::shareColumns()
 {
     const QScopedValueRollback sharing(m_isSharingColumns, true);
-    std::vector<int> titles;
-    for (int column = 0; column < m_model->columnCount(); ++column)
-        titles.push_back(horizontalHeader()->sectionSizeHint(column));
-    const std::vector<int> widths = listColumnWidths(viewport()->width(), titles);
+    std::vector<int> needed;
+    int left = viewport()->width();
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        needed.push_back(std::max(
+            columnShares[size_t(column)].minimum, horizontalHeader()->sectionSizeHint(column)));
+        left -= needed.back();
+    }
+    // What is not to be cut gets what it takes, unless the list would have to scroll for it.
+    for (int column = 0; column < m_model->columnCount(); ++column) {
+        int& width = needed[size_t(column)];
+        const int more = std::clamp(RowLayout::wholeWidth(column) - width, 0, std::max(left, 0));
+        width += more;
+        left -= more;
+    }
+    const std::vector<int> widths = listColumnWidths(viewport()->width(), needed);
     for (size_t column = 0; column < widths.size(); ++column)
         setColumnWidth(int(column), widths[column]);
 }

@@ -63,7 +63,7 @@ private:
 };
 
 /// Widths of the five columns in a list `available` wide: in fixed shares, never below what each
-/// column needs, or the `titles` over them where those are wider.
-std::vector<int> listColumnWidths(int available, const std::vector<int>& titles = {});
+/// column is to have, or `needed` for its texts in the font of the day where that is more.
+std::vector<int> listColumnWidths(int available, const std::vector<int>& needed = {});
 
 } // namespace reelhouse

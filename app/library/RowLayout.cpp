@@ -18,6 +18,9 @@ namespace reelhouse::RowLayout {
 namespace {
 
 constexpr int symbolGap = 5;
+constexpr int spoolsLeft = cellPadding + 2;
+constexpr int spoolsStart = spoolsLeft + symbol + 6; ///< Of the count, after its symbol.
+constexpr int countGap = 8;
 constexpr qreal foundWash = 0.25;
 
 /// The two lines of a cell, one above the other, centred in its height.
@@ -66,10 +69,10 @@ std::vector<CellPiece> productPieces(const Filament& filament, const QRect& cell
 
 std::vector<CellPiece> spoolPieces(const Filament& filament, const QRect& cell)
 {
-    const QRect line = cell.adjusted(cellPadding + 2, 0, -cellPadding, 0);
+    const QRect line = cell.adjusted(spoolsLeft, 0, -cellPadding, 0);
     const QFont countFont = fontOf(TextStyle::Count);
     const QString count = QString::number(filament.spoolsCount());
-    const int countLeft = line.left() + symbol + 6;
+    const int countLeft = cell.left() + spoolsStart;
     const int countWidth = std::min(
         QFontMetrics(countFont).horizontalAdvance(count) + 1, line.right() + 1 - countLeft);
     std::vector<CellPiece> pieces{
@@ -80,7 +83,7 @@ std::vector<CellPiece> spoolPieces(const Filament& filament, const QRect& cell)
     const QString opened = FilamentTexts::openedInParentheses(filament);
     if (!opened.isEmpty()) {
         const QFont captionFont = fontOf(TextStyle::Caption);
-        const int left = countLeft + countWidth + 8;
+        const int left = countLeft + countWidth + countGap;
         const int width = std::min(
             QFontMetrics(captionFont).horizontalAdvance(opened) + 1, line.right() + 1 - left);
         pieces.push_back(
@@ -110,6 +113,25 @@ int height()
     const int lines = QFontMetrics(fontOf(TextStyle::Count)).height()
         + QFontMetrics(fontOf(TextStyle::Caption)).height();
     return std::max(48, lines + 14);
+}
+
+int wholeWidth(int column)
+{
+    const auto widthOf = [](TextStyle style, const QString& text) {
+        return QFontMetrics(fontOf(style)).horizontalAdvance(text) + 1;
+    };
+    switch (FilamentTableModel::Column(column)) {
+    case FilamentTableModel::Spools:
+        return spoolsStart + widthOf(TextStyle::Count, u"9"_s) + countGap
+            + widthOf(TextStyle::Caption, u"(1 entamée)"_s) + cellPadding;
+    case FilamentTableModel::Place:
+        return cellPadding + widthOf(TextStyle::Body, u"Étagère M"_s) + cellPadding;
+    case FilamentTableModel::Product:
+    case FilamentTableModel::ColorName:
+    case FilamentTableModel::Notes:
+        return 0;
+    }
+    Q_UNREACHABLE();
 }
 
 QRect discRect(const QRect& cell)

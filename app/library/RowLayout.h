@@ -40,6 +40,9 @@ constexpr int symbol = 14;
 constexpr int stepButton = 28;
 
 int height();
+/// How wide a column is in which counts and usual names of places stand whole, in the font of the
+/// day; 0 for the others, whose long texts are cut.
+int wholeWidth(int column);
 QRect discRect(const QRect& cell);
 QRect minusRect(const QRect& cell);
 QRect plusRect(const QRect& cell);

@@ -1,6 +1,7 @@
 #include "app/library/ListView.h"
 
 #include "app/library/FilamentRowDelegate.h"
+#include "app/library/FilamentTableModel.h"
 #include "app/library/RowLayout.h"
 #include "app/library/SpoolActions.h"
 #include "app/ui/ColorMath.h"
@@ -26,6 +27,7 @@ private slots:
     void columnsShareTheWidth_data();
     void columnsShareTheWidth();
     void noTitleIsCut();
+    void countsAndPlacesAreWholeInLargeFonts();
     void aDraggedColumnKeepsItsWidth();
     void plusAndMinusChangeTheCount();
     void twoQuickClicksCountTwiceAndOpenNothing();
@@ -117,6 +119,28 @@ void ListViewTest::noTitleIsCut()
         for (int column = 0; column < header.count(); ++column) {
             const QString title = header.model()->headerData(column, Qt::Horizontal).toString();
             QVERIFY(header.sectionSize(column) > QFontMetrics(font).horizontalAdvance(title));
+        }
+    }
+    QApplication::setFont(usual);
+}
+
+void ListViewTest::countsAndPlacesAreWholeInLargeFonts()
+{
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPointSizeF(20);
+    QApplication::setFont(large);
+    {
+        ListViewFixture fixture(1);
+        fixture.list.resize(1200, 600);
+        fixture.filament(0).setOpenedSpoolsCount(1);
+        Location& location
+            = fixture.stock->context().insert(std::make_unique<Location>(u"Étagère A"_s));
+        fixture.filament(0).setLocation(&location);
+        for (const int column : {FilamentTableModel::Spools, FilamentTableModel::Place}) {
+            for (const CellPiece& piece :
+                RowLayout::pieces(fixture.filament(0), column, fixture.cell(0, column), false))
+                QVERIFY2(!RowLayout::isCut(piece), qPrintable(piece.text));
         }
     }
     QApplication::setFont(usual);
