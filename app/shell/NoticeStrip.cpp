@@ -5,10 +5,10 @@
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "app/ui/Theme.h"
+#include "app/ui/WrappingLabel.h"
 
 #include <QtGui/QPainter>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -30,8 +30,7 @@ NoticeStrip::NoticeStrip(QWidget* parent)
 
 QLabel* NoticeStrip::makeText(const QString& text)
 {
-    auto* label = new QLabel(text, this);
-    label->setTextFormat(Qt::PlainText);
+    auto* label = new WrappingLabel(text, this);
     setTextStyle(label, TextStyle::Callout);
     setTextTone(label, TextTone::Orange);
     return label;

@@ -1,12 +1,10 @@
 #include "app/shell/TemporaryStoreNotice.h"
 
 #include "app/shell/FileBrowser.h"
-#include "app/shell/PathLabel.h"
 #include "app/store/StoreTexts.h"
 #include "app/ui/ButtonLook.h"
-#include "app/ui/Palette.h"
 
-#include <QtWidgets/QHBoxLayout>
+#include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
 
@@ -17,16 +15,9 @@ namespace reelhouse {
 TemporaryStoreNotice::TemporaryStoreNotice(const QString& dataFolder, QWidget* parent)
     : NoticeStrip(parent)
 {
-    QLabel* text = makeText(temporaryStoreText());
-    text->setWordWrap(true);
-    auto* folder = new PathLabel(dataFolder, this);
-    setTextTone(folder, TextTone::Orange);
-    auto* secondLine = new QHBoxLayout;
-    secondLine->setSpacing(6);
-    secondLine->addWidget(makeText(u"Aucune sauvegarde n'est créée. Dossier des données :"_s));
-    secondLine->addWidget(folder, 1);
-    lines()->addWidget(text);
-    lines()->addLayout(secondLine);
+    lines()->addWidget(makeText(temporaryStoreText()));
+    lines()->addWidget(
+        makeText(u"Aucune sauvegarde n'est créée. Dossier des données : "_s + dataFolder));
 
     auto* open = new QPushButton(openDataFolderText(), this);
     setButtonLook(open, ButtonLook::Link);

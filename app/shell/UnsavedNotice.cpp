@@ -15,7 +15,6 @@ UnsavedNotice::UnsavedNotice(const StoreContext& context, QWidget* parent)
     : NoticeStrip(parent)
     , m_text(makeText({}))
 {
-    m_text->setWordWrap(true);
     lines()->addWidget(m_text);
     hide();
     connect(&context, &StoreContext::committed, this, &UnsavedNotice::showOutcome);

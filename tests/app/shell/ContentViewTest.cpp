@@ -4,7 +4,6 @@
 #include "app/editing/ReferenceManagementView.h"
 #include "app/library/FilterFavoritesStore.h"
 #include "app/library/LibraryView.h"
-#include "app/shell/PathLabel.h"
 #include "app/shell/SidebarDelegate.h"
 #include "app/shell/SidebarView.h"
 #include "app/shell/TemporaryStoreNotice.h"
@@ -292,7 +291,6 @@ void ContentViewTest::aTemporaryStockSaysSo()
     QTEST(fixture.showsTitle(u"Spoolwright fonctionne en mode temporaire : les modifications ne "
                              "seront pas conservées après la fermeture."_s),
         "isTold");
-    QTEST(fixture.showsTitle(u"Aucune sauvegarde n'est créée. Dossier des données :"_s), "isTold");
 }
 
 void ContentViewTest::itSaysWhereTheDataLies()
@@ -306,7 +304,10 @@ void ContentViewTest::itSaysWhereTheDataLies()
 
     QDesktopServices::unsetUrlHandler(u"file"_s);
     QCOMPARE(m_openedFolders, QStringList{folder});
-    QCOMPARE(notice.findChild<PathLabel*>()->text(), folder);
+    const auto texts = notice.findChildren<QLabel*>();
+    QVERIFY(std::ranges::any_of(texts, [&](const QLabel* label) {
+        return label->text() == u"Aucune sauvegarde n'est créée. Dossier des données : "_s + folder;
+    }));
 }
 
 void ContentViewTest::whatCouldNotBeSavedIsToldUntilItIs()
