@@ -67,12 +67,12 @@ QString StatBar::text() const
 QSize StatBar::sizeHint() const
 {
     const int line = std::max(QFontMetrics(fontOf(TextStyle::Callout)).height(), statSymbolSide);
-    return {120, line + labelGap + trackHeight};
+    return {120 + 2 * margin, line + labelGap + trackHeight + 2 * margin};
 }
 
 QSize StatBar::minimumSizeHint() const
 {
-    return {60, sizeHint().height()};
+    return {60 + 2 * margin, sizeHint().height()};
 }
 
 bool StatBar::event(QEvent* event)
@@ -87,7 +87,8 @@ void StatBar::paintEvent(QPaintEvent*)
     const Theme& theme = currentTheme();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QRect line(0, 0, width(), height() - trackHeight - labelGap);
+    const QRect inside = rect().adjusted(margin, margin, -margin, -margin);
+    QRect line = inside.adjusted(0, 0, 0, -trackHeight - labelGap);
 
     const QString count = QString::number(m_group.count);
     painter.setFont(valueFont());
@@ -96,9 +97,10 @@ void StatBar::paintEvent(QPaintEvent*)
     line.setRight(line.right() - painter.fontMetrics().horizontalAdvance(count) - statSymbolGap);
     if (!m_group.icon.isEmpty()) {
         paintSymbol(painter,
-            QRectF(0, (line.height() - statSymbolSide) / 2.0, statSymbolSide, statSymbolSide),
+            QRectF(line.left(), line.top() + (line.height() - statSymbolSide) / 2.0, statSymbolSide,
+                statSymbolSide),
             m_group.icon, theme.textSecondary);
-        line.setLeft(statSymbolSide + statSymbolGap);
+        line.setLeft(line.left() + statSymbolSide + statSymbolGap);
     }
     QFont labelFont = fontOf(TextStyle::Callout);
     labelFont.setUnderline(underMouse() && m_group.selection.isActive());
@@ -106,7 +108,8 @@ void StatBar::paintEvent(QPaintEvent*)
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
         painter.fontMetrics().elidedText(m_group.name, Qt::ElideRight, line.width()));
 
-    const QRectF track(0, height() - trackHeight, width(), trackHeight);
+    const QRectF track(
+        inside.left(), inside.bottom() + 1 - trackHeight, inside.width(), trackHeight);
     QPainterPath rounded;
     rounded.addRoundedRect(track, statTrackRadius, statTrackRadius);
     painter.fillPath(rounded, theme.track);

@@ -13,6 +13,9 @@ class StatBar final : public QProgressBar {
     Q_OBJECT
 
 public:
+    /// Around what is drawn, for the focus ring.
+    static constexpr int margin = 4;
+
     explicit StatBar(ColorRole color, QWidget* parent);
 
     /// `total` is the number of filaments in the stock.

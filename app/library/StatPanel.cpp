@@ -17,6 +17,7 @@ namespace reelhouse {
 namespace {
 
 constexpr int statPanelPadding = 18;
+constexpr int statGap = 14;
 constexpr qreal statPanelRadius = 12;
 
 } // namespace
@@ -29,10 +30,13 @@ StatPanel::StatPanel(const QString& title, ColorRole barColor, QWidget* parent)
 {
     auto* heading = new QLabel(title, this);
     setTextStyle(heading, TextStyle::Headline);
-    heading->setContentsMargins(statPanelPadding, 14, statPanelPadding, 14);
+    heading->setContentsMargins(statPanelPadding, statGap, statPanelPadding, statGap);
     setTextTone(m_noData, TextTone::Secondary);
-    m_column->setContentsMargins(statPanelPadding, 14, statPanelPadding, statPanelPadding);
-    m_column->setSpacing(14);
+    constexpr int margin = StatBar::margin; // Each bar has it around itself.
+    constexpr int side = statPanelPadding - margin;
+    m_column->setContentsMargins(side, statGap - margin, side, side);
+    m_column->setSpacing(statGap - 2 * margin);
+    m_noData->setContentsMargins(margin, margin, margin, margin);
     m_column->addWidget(m_noData);
     auto* panel = new QVBoxLayout(this);
     panel->setContentsMargins(1, 1, 1, 1);

@@ -22,6 +22,7 @@ private slots:
     void barsComeAndGoWithTheirGroups();
     void aBarIsFilledByItsShare_data();
     void aBarIsFilledByItsShare();
+    void theFocusRingHasRoomAroundTheBar();
     void markupInANameIsText();
     void assistiveTechnologyHearsTheShare();
     void onlyNamedGroupsCanBeChosen();
@@ -134,12 +135,32 @@ void StatisticsViewTest::aBarIsFilledByItsShare()
 
     StatBar bar(&Theme::accent, nullptr);
     bar.setGroup({u"PLA"_s, value}, total);
-    bar.resize(200, bar.sizeHint().height());
+    bar.resize(200 + 2 * StatBar::margin, bar.sizeHint().height());
     const QImage picture = bar.grab().toImage().convertToFormat(QImage::Format_RGB32);
     int filled = 0;
-    for (int x = 0; x < 200; ++x)
-        filled += picture.pixelColor(x, picture.height() - 4) == lightTheme().accent ? 1 : 0;
+    for (int x = 0; x < picture.width(); ++x)
+        filled += picture.pixelColor(x, picture.height() - 8) == lightTheme().accent ? 1 : 0;
     QVERIFY(std::abs(filled - expected) <= 2); // The ends are round.
+}
+
+void StatisticsViewTest::theFocusRingHasRoomAroundTheBar()
+{
+    StatBar bar(&Theme::accent, nullptr);
+    bar.setGroup({QString(50, u'W'), 1, u"cube.fill"_s}, 1);
+    bar.resize(200, bar.sizeHint().height());
+
+    const QImage picture = bar.grab().toImage();
+
+    QImage room = picture;
+    room.fill(picture.pixelColor(0, 0));
+    const QRect inside = bar.rect().adjusted(4, 4, -4, -4);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (inside.contains(x, y))
+                room.setPixelColor(x, y, picture.pixelColor(x, y));
+        }
+    }
+    QCOMPARE(picture, room);
 }
 
 void StatisticsViewTest::markupInANameIsText()
