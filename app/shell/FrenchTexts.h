@@ -5,7 +5,8 @@
 namespace reelhouse {
 
 /// Has Qt's own dialogs, menus and standard buttons speak French, whatever the language of the
-/// session is, for as long as the object lives. Made after the QApplication.
+/// session is, for as long as the object lives. The desktop's own dialogs take their place in a
+/// session that speaks French. Made after the QApplication.
 class FrenchTexts final {
 public:
     FrenchTexts();

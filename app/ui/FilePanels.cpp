@@ -1,15 +1,24 @@
 #include "app/ui/FilePanels.h"
 
+#include <QtCore/QDateTime>
+#include <QtCore/QDir>
 #include <QtCore/QFileInfo>
+#include <QtCore/QIdentityProxyModel>
+#include <QtCore/QLocale>
 #include <QtCore/QStandardPaths>
+#include <QtGui/QFileSystemModel>
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFileIconProvider>
+#include <QtWidgets/QHeaderView>
+#include <QtWidgets/QTreeView>
 
 using namespace Qt::StringLiterals;
 
 namespace reelhouse::FilePanels {
 
 namespace {
+
+constexpr QSize panelSize(820, 520);
 
 /// Knows files by their names alone. To look into one, as Qt's own provider does, means to open and
 /// close it: done to the store in this process, SQLite would lose its hold on it.
@@ -27,18 +36,55 @@ public:
     }
 };
 
+/// The files with their sizes and dates in the program's language: Qt's model writes them in that
+/// of the session.
+class FrenchFiles final : public QIdentityProxyModel {
+public:
+    using QIdentityProxyModel::QIdentityProxyModel;
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        const auto* files = qobject_cast<const QFileSystemModel*>(sourceModel());
+        const QModelIndex file = mapToSource(index);
+        if (role != Qt::DisplayRole || !files || !file.isValid())
+            return QIdentityProxyModel::data(index, role);
+        if (index.column() == sizeColumn && !files->isDir(file))
+            return QLocale().formattedDataSize(files->size(file));
+        if (index.column() == dateColumn)
+            return QLocale().toString(files->lastModified(file), QLocale::ShortFormat);
+        return QIdentityProxyModel::data(index, role);
+    }
+
+private:
+    static constexpr int sizeColumn = 1;
+    static constexpr int dateColumn = 3;
+};
+
 QFileIconProvider* iconProvider()
 {
     static NamesOnly provider;
     return &provider;
 }
 
+/// The toolkit's widths are too narrow for French: only a name is to be cut.
+void showWhole(QHeaderView& columns)
+{
+    columns.setStretchLastSection(false);
+    columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns.setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 QFileDialog* makePanel(QWidget* parent, const QString& title, const FileKind& kind)
 {
-    auto* panel = new QFileDialog(parent, title);
+    // Without a folder it would begin in the last one, and may look into files there by now.
+    auto* panel = new QFileDialog(parent, title, QDir::rootPath());
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setIconProvider(iconProvider());
+    panel->setProxyModel(new FrenchFiles(panel));
     panel->setNameFilter(kind.name + u" (*."_s + kind.suffix + u')');
+    panel->resize(panelSize);
+    if (const auto* files = panel->findChild<QTreeView*>())
+        showWhole(*files->header());
     return panel;
 }
 
