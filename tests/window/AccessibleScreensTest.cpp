@@ -6,6 +6,7 @@
 #include "tests/window/TestHome.h"
 #include "tests/window/VirtualDesktop.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,8 @@ private slots:
     void init();
     void statesAndValuesAreTold();
     void whatChangesIsSaid();
+    void standardDialogsSpeakFrench_data();
+    void standardDialogsSpeakFrench();
 
 private:
     void start();
@@ -31,6 +34,8 @@ private:
     void press(const QString& role, const QString& name) const;
     void choose(const QString& command) const;
     QString value(const QString& role, const QString& name) const;
+    /// Waits for the window with this title to have the keyboard and stand still; all that it says.
+    QStringList textsOfWindow(const QString& title) const;
 
     std::unique_ptr<VirtualDesktop> m_desktop;
     std::unique_ptr<TestHome> m_home;
@@ -106,6 +111,22 @@ QString AccessibleScreensTest::value(const QString& role, const QString& name) c
 {
     const auto object = find(role, name);
     return object ? m_reader->value(*object) : u"missing"_s;
+}
+
+QStringList AccessibleScreensTest::textsOfWindow(const QString& title) const
+{
+    const auto isThere = [&] {
+        const auto window = m_reader->activeWindow();
+        return window && window->name == title;
+    };
+    QStringList texts;
+    if (!waitUntil(isThere, 5s))
+        return texts;
+    m_desktop->screen().waitForRest(m_desktop->screen().area(), 200ms);
+    m_reader->activeWindow()->forEach([&](const AccessibleObject& object) {
+        texts << object.name << object.description << object.label;
+    });
+    return texts;
 }
 
 void AccessibleScreensTest::statesAndValuesAreTold()
@@ -193,6 +214,51 @@ void AccessibleScreensTest::whatChangesIsSaid()
              u"Lieu"_s, u"Bobines"_s, u"Notes"_s})
         press(u"check box"_s, column);
     QVERIFY(m_reader->waitForAnnouncement(u"Sélectionnez au moins une colonne à imprimer."_s));
+}
+
+void AccessibleScreensTest::standardDialogsSpeakFrench_data()
+{
+    QTest::addColumn<QString>("language");
+    for (const char* language : {"C", "en_US.UTF-8", "fr_FR.UTF-8"})
+        QTest::newRow(language) << QString::fromLatin1(language);
+}
+
+void AccessibleScreensTest::standardDialogsSpeakFrench()
+{
+    QFETCH(QString, language);
+    static const QRegularExpression english(
+        u"\\b(bytes?|[KMG]i?B|Files?|Folder|Directory|Computer|Name|Size|Date Modified|Modified|"
+        u"AM|PM|Nov|Look in|Cancel|Open|Save|Close|Back|Forward|Parent|Create|List|Detail|"
+        u"Print|Printer|Paper|Pages? [sS]et.*|Advanced|Properties|Landscape|Width|Height|Zoom in|"
+        u"Zoom out|Next|Previous|First|Last|Fit|Show)\\b"_s);
+    m_home->setVariable(u"LC_ALL"_s, language);
+    start();
+    const auto check = [&](const QString& title, const QString& expected) {
+        const QStringList texts = textsOfWindow(title);
+        QVERIFY2(texts.contains(expected), qPrintable(title + u": "_s + texts.join(u" | "_s)));
+        const QStringList untranslated = texts.filter(english);
+        QVERIFY2(untranslated.isEmpty(), qPrintable(untranslated.join(u" | "_s)));
+    };
+    Screen& screen = m_desktop->screen();
+
+    choose(u"Export / Import"_s);
+    press(u"push button"_s, u"Exporter"_s);
+    check(u"Exporter le stock"_s, u"Dernière modification"_s);
+    screen.pressKey(Key::escape);
+    press(u"push button"_s, u"Importer"_s); // A backup was made at launch.
+    check(u"Importer le stock"_s, u"Fichier JSON"_s);
+    screen.pressKey(Key::escape);
+    choose(u"Stock de filaments"_s);
+    screen.pressKey('p', {Key::control});
+    press(u"push button"_s, u"Exporter en PDF"_s);
+    check(u"Exporter le stock en PDF"_s, u"Dernière modification"_s);
+    screen.pressKey(Key::escape);
+    press(u"push button"_s, u"Aperçu…"_s);
+    check(u"Aperçu avant impression"_s, u"Imprimer"_s);
+    press(u"push button"_s, u"Imprimer"_s);
+    check(u"Imprimer"_s, u"Propriétés"_s);
+    press(u"push button"_s, u"Propriétés"_s);
+    check(u"Propriétés de l'imprimante"_s, u"Mise en page"_s);
 }
 
 } // namespace reelhouse::tests
