@@ -19,6 +19,7 @@
 #include <QtWidgets/QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace reelhouse {
 
@@ -53,6 +54,14 @@ void paintShadow(QPainter& painter, const QRectF& panel)
 qreal textGrowth(const QWidget& widget)
 {
     return std::max(1.0, widget.fontInfo().pointSizeF() / designedPointSize);
+}
+
+/// What the way to the screen's own pixels and back may take from the length of a window: 297 were
+/// left of 298 at 150 %, and the sheet had to scroll for that one.
+int lostInRounding(const QWidget& widget)
+{
+    const qreal ratio = widget.devicePixelRatioF();
+    return ratio == std::floor(ratio) ? 0 : 2;
 }
 
 /// The window that a sheet lies over, below all other sheets; the sheet itself when there is none.
@@ -168,7 +177,7 @@ void Sheet::fitIntoWindow()
         height = qRound(growth * m_panelHeight) + shadow;
     if (window != this)
         height = std::min(height, window->height() - windowMargin + shadow);
-    setFixedSize(width, height);
+    setFixedSize(width + lostInRounding(*this), height + lostInRounding(*this));
     // A scroll bar that was needed takes the width without which texts wrap into more lines, and
     // would stay for ever.
     layout()->activate();
