@@ -81,6 +81,7 @@ constexpr Pair textPairs[] = {
     {"orange on selection without focus", &Theme::orange, &Theme::track},
     {"orange on selection", &Theme::orange, &Theme::selection},
     {"orange on its soft ground", &Theme::orange, &Theme::orangeSoft},
+    {"link on a notice", &Theme::accentText, &Theme::orangeSoft},
     {"green on canvas", &Theme::green, &Theme::canvas},
     {"green on its soft ground", &Theme::green, &Theme::greenSoft},
 };
