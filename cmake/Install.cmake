@@ -26,6 +26,8 @@ if(RSVG_CONVERT)
         install(FILES ${picture} DESTINATION ${icons}/${side}x${side}/apps)
     endforeach()
     add_custom_target(icons ALL DEPENDS ${pictures})
+else()
+    message(WARNING "rsvg-convert is missing: only the drawn icon is installed")
 endif()
 
 find_program(GZIP gzip REQUIRED)
@@ -65,8 +67,8 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_COMPRESSION_TYPE xz)
-# Symbols are drawn by a plugin, which no linker sees.
-set(CPACK_DEBIAN_PACKAGE_DEPENDS libqt6svg6)
+# Symbols are drawn by a plugin, and Qt's French is read from its files: no linker sees them.
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, qt6-translations-l10n")
 # Native file dialogs, Wayland, and a font where there is none.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "qt6-gtk-platformtheme | qt6-xdgdesktopportal-platformtheme, qt6-wayland, fonts-inter | fonts-dejavu-core")

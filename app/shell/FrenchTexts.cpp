@@ -1,10 +1,13 @@
 #include "app/shell/FrenchTexts.h"
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QLibraryInfo>
 #include <QtCore/QLocale>
 
 #include <algorithm>
 #include <array>
+
+using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
@@ -66,7 +69,8 @@ QString FrenchTexts::Translator::translate(
 
 FrenchTexts::FrenchTexts()
 {
-    if (m_translator.load(QStringLiteral(":/translations/qtbase_fr.qm")))
+    // Read where Qt keeps them, not embedded: their licence is stricter than that of the libraries.
+    if (m_translator.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&m_translator);
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, !sessionSpeaksFrench());
 }
