@@ -17,19 +17,22 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// A picture of the guide and the key that, held with Control, leads to what it shows.
+/// A picture of the guide, the key that, held with Control, leads to what it shows, and what is
+/// typed there; Escape leads back.
 struct Scene {
     const char* name;
     xcb_keysym_t key;
-    bool isSheet;
+    const char* typed = "";
+    bool isTakenDark = false;
 };
 
 constexpr std::array scenes{
-    Scene{"stock", '1', false},
-    Scene{"cards", '2', false},
-    Scene{"stats", '3', false},
-    Scene{"add", 'n', true},
-    Scene{"print", 'p', true},
+    Scene{.name = "stock", .key = '1', .isTakenDark = true},
+    Scene{.name = "cards", .key = '2', .isTakenDark = true},
+    Scene{.name = "stats", .key = '3'},
+    Scene{.name = "find", .key = 'f', .typed = "petg"},
+    Scene{.name = "add", .key = 'n'},
+    Scene{.name = "print", .key = 'p'},
 };
 
 int report(const char* what)
@@ -52,7 +55,10 @@ int takePictures(const QDir& folder, bool isDark)
         return report("The program shows no window.");
     Screen& screen = desktop.screen();
     for (const Scene& scene : scenes) {
+        if (isDark && !scene.isTakenDark)
+            continue;
         screen.pressKey(scene.key, {Key::control});
+        screen.type(scene.typed);
         if (!screen.waitForRest(screen.area()))
             return report("The window does not come to rest.");
         const auto window = program.waitForWindow();
@@ -60,8 +66,7 @@ int takePictures(const QDir& folder, bool isDark)
             QString::fromLatin1(scene.name) + (isDark ? u"-dark.png"_s : u".png"_s));
         if (!window || !screen.picture(window->area & screen.area()).save(file, "PNG"))
             return report("A picture cannot be written.");
-        if (scene.isSheet)
-            screen.pressKey(Key::escape);
+        screen.pressKey(Key::escape);
         screen.waitForRest(screen.area(), 300ms);
     }
     return program.endWith(SIGTERM) == 0 ? 0 : report("The program did not end well.");
