@@ -4,11 +4,14 @@
 
 #include <QtCore/QStringConverter>
 
+#include <algorithm>
+
 namespace reelhouse {
 
 namespace {
 
-/// The statements of one table; the id is always the first parameter.
+/// The statements of one table; the id is always the first parameter. A removal takes the first and
+/// the last of consecutive ids.
 struct Texts {
     const char* insertion;
     const char* update;
@@ -19,26 +22,27 @@ Texts textsFor(const FilamentType* /*kind*/)
 {
     return {"INSERT INTO FilamentType (id, name, iconName) VALUES (?1, ?2, ?3)",
         "UPDATE FilamentType SET name = ?2, iconName = ?3 WHERE id = ?1",
-        "DELETE FROM FilamentType WHERE id = ?1"};
+        "DELETE FROM FilamentType WHERE id BETWEEN ?1 AND ?2"};
 }
 
 Texts textsFor(const Brand* /*kind*/)
 {
     return {"INSERT INTO Brand (id, name) VALUES (?1, ?2)",
-        "UPDATE Brand SET name = ?2 WHERE id = ?1", "DELETE FROM Brand WHERE id = ?1"};
+        "UPDATE Brand SET name = ?2 WHERE id = ?1", "DELETE FROM Brand WHERE id BETWEEN ?1 AND ?2"};
 }
 
 Texts textsFor(const FilamentRange* /*kind*/)
 {
     return {"INSERT INTO FilamentRange (id, name) VALUES (?1, ?2)",
         "UPDATE FilamentRange SET name = ?2 WHERE id = ?1",
-        "DELETE FROM FilamentRange WHERE id = ?1"};
+        "DELETE FROM FilamentRange WHERE id BETWEEN ?1 AND ?2"};
 }
 
 Texts textsFor(const Location* /*kind*/)
 {
     return {"INSERT INTO Location (id, name) VALUES (?1, ?2)",
-        "UPDATE Location SET name = ?2 WHERE id = ?1", "DELETE FROM Location WHERE id = ?1"};
+        "UPDATE Location SET name = ?2 WHERE id = ?1",
+        "DELETE FROM Location WHERE id BETWEEN ?1 AND ?2"};
 }
 
 Texts textsFor(const Filament* /*kind*/)
@@ -49,7 +53,7 @@ Texts textsFor(const Filament* /*kind*/)
         "UPDATE Filament SET type = ?2, brand = ?3, range = ?4, location = ?5, spoolsCount = ?6,"
         " openedSpoolsCount = ?7, dateAddedMs = ?8, colorHex = ?9, colorName = ?10, notes = ?11"
         " WHERE id = ?1",
-        "DELETE FROM Filament WHERE id = ?1"};
+        "DELETE FROM Filament WHERE id BETWEEN ?1 AND ?2"};
 }
 
 /// Gives a statement its parameters one after the other, then runs it.
@@ -148,11 +152,17 @@ void TableWriter<T>::update(const T& entity)
 }
 
 template <class T>
-void TableWriter<T>::remove(EntityId<T> id)
+void TableWriter<T>::remove(const std::vector<EntityId<T>>& ids)
 {
-    Row row(m_removal, m_texts);
-    row << id.value;
-    row.run();
+    const auto isGap = [](EntityId<T> id, EntityId<T> next) { return id.value + 1 != next.value; };
+    for (auto first = ids.begin(); first != ids.end();) {
+        const auto beforeGap = std::adjacent_find(first, ids.end(), isGap);
+        const auto end = beforeGap == ids.end() ? beforeGap : beforeGap + 1;
+        Row row(m_removal, m_texts);
+        row << first->value << (end - 1)->value;
+        row.run();
+        first = end;
+    }
 }
 
 StoreWriter::StoreWriter(SQLite::Database& database)
@@ -170,10 +180,8 @@ void StoreWriter::write(const StockChanges& changes)
         for (const T* entity : changes.of<T>().updated)
             table.update(*entity);
     };
-    const auto remove = [&]<class T>(TableWriter<T>& table) {
-        for (const EntityId<T> id : changes.of<T>().removed)
-            table.remove(id);
-    };
+    const auto remove
+        = [&]<class T>(TableWriter<T>& table) { table.remove(changes.of<T>().removed); };
     // What goes, goes first, the filaments ahead: for each removed entry SQLite looks through all
     // the filaments that are there, and when the whole stock is replaced that are none.
     remove(std::get<TableWriter<Filament>>(m_tables));

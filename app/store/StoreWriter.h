@@ -5,6 +5,7 @@
 #include <SQLiteCpp/Statement.h>
 #include <array>
 #include <string>
+#include <vector>
 
 namespace reelhouse {
 
@@ -20,7 +21,8 @@ public:
 
     void insert(const T& entity);
     void update(const T& entity);
-    void remove(EntityId<T> id);
+    /// In id order. Consecutive ids, as a whole stock mostly has, go in one statement.
+    void remove(const std::vector<EntityId<T>>& ids);
 
 private:
     SQLite::Statement m_insertion;

@@ -24,6 +24,8 @@ private slots:
     void aNewFileIsAnEmptyStoreOfTheCurrentVersion();
     void everythingComesBackAsItWasSaved();
     void editsAndRemovalsComeBack();
+    void aRemovalTakesNothingElse_data();
+    void aRemovalTakesNothingElse();
     void textsSurvive_data();
     void textsSurvive();
     void aStoreOfVersionOneOpensWithTheDefaultsFilledIn();
@@ -153,6 +155,62 @@ void SqliteStoreTest::editsAndRemovalsComeBack()
         u"1|PLA+"_s, u"1|Cave"_s, u"2|9|1|#E53935|Bleu|Éclat|1700000000123|PLA+|-|-|Cave"_s};
     QCOMPARE(linesOf(opened.value()->context()), expected);
     QCOMPARE(first<FilamentType>(opened.value()->context()).iconName(), u"star.fill"_s);
+}
+
+void SqliteStoreTest::aRemovalTakesNothingElse_data()
+{
+    QTest::addColumn<QList<qint64>>("brands");
+    QTest::addColumn<QList<qint64>>("filaments");
+    QTest::addColumn<QString>("expected"); // What is left: "id:brand" of each filament.
+    using Ids = QList<qint64>;
+
+    QTest::newRow("nothing") << Ids{} << Ids{} << u"1:1 2:2 3:3 4:1 5:2 8:3 9:1"_s;
+    QTest::newRow("the first") << Ids{} << Ids{1} << u"2:2 3:3 4:1 5:2 8:3 9:1"_s;
+    QTest::newRow("the last") << Ids{} << Ids{9} << u"1:1 2:2 3:3 4:1 5:2 8:3"_s;
+    QTest::newRow("neighbours") << Ids{} << Ids{2, 3, 4} << u"1:1 5:2 8:3 9:1"_s;
+    QTest::newRow("every second") << Ids{} << Ids{1, 3, 5} << u"2:2 4:1 8:3 9:1"_s;
+    QTest::newRow("neighbours and one apart") << Ids{} << Ids{1, 2, 4} << u"3:3 5:2 8:3 9:1"_s;
+    QTest::newRow("one apart and neighbours") << Ids{} << Ids{2, 4, 5} << u"1:1 3:3 8:3 9:1"_s;
+    QTest::newRow("both sides of a gap") << Ids{} << Ids{4, 5, 8} << u"1:1 2:2 3:3 9:1"_s;
+    QTest::newRow("in another order") << Ids{} << Ids{4, 1, 3} << u"2:2 5:2 8:3 9:1"_s;
+    QTest::newRow("all") << Ids{} << Ids{1, 2, 3, 4, 5, 8, 9} << QString();
+    QTest::newRow("a brand") << Ids{2} << Ids{} << u"1:1 2:- 3:3 4:1 5:- 8:3 9:1"_s;
+    QTest::newRow("neighbouring brands") << Ids{1, 2} << Ids{} << u"1:- 2:- 3:3 4:- 5:- 8:3 9:-"_s;
+    QTest::newRow("brands apart") << Ids{1, 3} << Ids{} << u"1:- 2:2 3:- 4:- 5:2 8:- 9:-"_s;
+    QTest::newRow("brands and filaments") << Ids{1, 2} << Ids{2, 3, 4} << u"1:- 5:- 8:3 9:-"_s;
+}
+
+void SqliteStoreTest::aRemovalTakesNothingElse()
+{
+    QFETCH(QList<qint64>, brands);
+    QFETCH(QList<qint64>, filaments);
+    QVERIFY(openStore(path())); // Makes the tables.
+    runSql(path(), uR"sql(
+        INSERT INTO Brand VALUES (1, 'A'), (2, 'B'), (3, 'C');
+        INSERT INTO Filament (id, brand, spoolsCount, dateAddedMs, colorHex, notes)
+        VALUES (1, 1, 1, 0, '', ''), (2, 2, 1, 0, '', ''), (3, 3, 1, 0, '', ''),
+            (4, 1, 1, 0, '', ''), (5, 2, 1, 0, '', ''), (8, 3, 1, 0, '', ''), (9, 1, 1, 0, '', '');
+    )sql"_s);
+    QStringList left;
+    {
+        const auto opened = openStore(path());
+        QVERIFY(opened);
+        StoreContext& context = opened.value()->context();
+        for (const qint64 id : brands)
+            context.remove(*context.find(BrandId{id}));
+        for (const qint64 id : filaments)
+            context.remove(*context.find(FilamentId{id}));
+        QVERIFY(!context.save());
+        left = linesOf(context);
+    }
+
+    QTEST(askSql(path(), uR"sql(
+              SELECT ifnull(group_concat(id || ':' || ifnull(brand, '-'), ' '), '')
+              FROM (SELECT id, brand FROM Filament ORDER BY id))sql"_s),
+        "expected");
+    const auto opened = openStore(path());
+    QVERIFY(opened);
+    QCOMPARE(linesOf(opened.value()->context()), left);
 }
 
 void SqliteStoreTest::textsSurvive_data()
