@@ -1,10 +1,11 @@
 #include "app/backup/StockDocument.h"
 
 #include "core/interchange/DocumentWriter.h"
+#include "core/interchange/ExactKey.h"
 #include "core/model/NewestFirst.h"
 #include "core/model/StoreContext.h"
 
-#include <QtCore/QHash>
+#include <unordered_map>
 
 namespace reelhouse {
 
@@ -48,17 +49,18 @@ void removeAll(StoreContext& context)
         context.remove(*entity);
 }
 
+/// The records that the names stand in outlive it.
 template <class T>
-using ByName = QHash<QString, T*>;
+using ByName = std::unordered_map<std::u16string_view, T*>;
 
 /// Inserts one entry for each record; of equal names the last counts.
 template <class T, class Record>
 ByName<T> insertNamed(StoreContext& context, const std::vector<Record>& records)
 {
     ByName<T> byName;
-    byName.reserve(qsizetype(records.size()));
+    byName.reserve(records.size());
     for (const Record& record : records)
-        byName[record.name] = &context.insert(std::make_unique<T>(record.name));
+        byName[exactKey(record.name)] = &context.insert(std::make_unique<T>(record.name));
     return byName;
 }
 
@@ -66,7 +68,7 @@ ByName<FilamentType> insertTypes(StoreContext& context, const std::vector<Export
 {
     ByName<FilamentType> byName;
     for (const ExportType& record : records) {
-        byName[record.name] = &context.insert(std::make_unique<FilamentType>(
+        byName[exactKey(record.name)] = &context.insert(std::make_unique<FilamentType>(
             record.name, record.iconName.value_or(filamentTypeDefaultIcon())));
     }
     return byName;
@@ -75,7 +77,10 @@ ByName<FilamentType> insertTypes(StoreContext& context, const std::vector<Export
 template <class T>
 T* entryNamed(const ByName<T>& byName, const std::optional<QString>& name)
 {
-    return name ? byName.value(*name) : nullptr;
+    if (!name)
+        return nullptr;
+    const auto found = byName.find(exactKey(*name));
+    return found == byName.end() ? nullptr : found->second;
 }
 
 } // namespace

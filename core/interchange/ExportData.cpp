@@ -1,8 +1,11 @@
 #include "core/interchange/ExportData.h"
 
 #include "core/interchange/DocumentWriter.h"
+#include "core/interchange/ExactKey.h"
 
 #include <QtCore/QSet>
+
+#include <unordered_set>
 
 using namespace Qt::StringLiterals;
 
@@ -25,28 +28,28 @@ std::optional<ExportValidationError> findDuplicate(
     return std::nullopt;
 }
 
-/// The names of one list as a filament may refer to them: to the letter.
+/// The names of one list as a filament may refer to them: to the letter. The list outlives it.
 class ExactNames final {
 public:
     template <class Entry>
     ExactNames(const std::vector<Entry>& entries, QString category)
         : m_category(std::move(category))
     {
-        m_names.reserve(qsizetype(entries.size()));
+        m_names.reserve(entries.size());
         for (const Entry& entry : entries)
-            m_names.insert(entry.name);
+            m_names.insert(exactKey(entry.name));
     }
 
     std::optional<ExportValidationError> check(const std::optional<QString>& reference) const
     {
-        if (!reference || m_names.contains(*reference))
+        if (!reference || m_names.contains(exactKey(*reference)))
             return std::nullopt;
         return ExportValidationError::unknownReference(m_category, *reference);
     }
 
 private:
     QString m_category;
-    QSet<QString> m_names;
+    std::unordered_set<std::u16string_view> m_names;
 };
 
 /// Whether every choice of the counts added up in any order stays within 64 bits.

@@ -174,6 +174,15 @@ void DocumentValidationTest::documentsAreAcceptedOrRefused_data()
     emptyName.filaments = {filamentNaming(&ExportFilament::type, u""_s)};
     QTest::newRow("an empty name is a name") << emptyName << QString();
 
+    const QString withZero = QString::fromUtf16(u"PLA\0x", 5);
+    ExportData zeroInside;
+    zeroInside.types = {{withZero, {}}};
+    zeroInside.filaments = {filamentNaming(&ExportFilament::type, withZero)};
+    QTest::newRow("a zero character is one of a name") << zeroInside << QString();
+    zeroInside.filaments = {filamentNaming(&ExportFilament::type, u"PLA"_s)};
+    QTest::newRow("a name does not end at a zero character")
+        << zeroInside << u"Un filament fait référence à un type « PLA » absent du fichier."_s;
+
     const auto counts = [](std::vector<ExportFilament> filaments) {
         ExportData data;
         data.filaments = std::move(filaments);
