@@ -1,14 +1,11 @@
 #include "core/interchange/DocumentReader.h"
 
+#include "core/interchange/JsonValues.h"
 #include "core/interchange/SyntaxError.h"
 
 #include <array>
-#include <chrono>
-#include <cmath>
-#include <limits>
 #include <simdjson.h>
 #include <string_view>
-#include <unordered_map>
 #include <unordered_set>
 
 using namespace Qt::StringLiterals;
@@ -21,41 +18,11 @@ using Refusal = ExportDecodingError::Kind;
 using Failed = std::optional<ExportDecodingError>;
 namespace dom = simdjson::dom;
 
-/// Above it a floating-point number is no longer one certain integer.
-constexpr double largestExactInteger = 9007199254740992.0;
-
-constexpr std::string_view byteOrderMark = "\xef\xbb\xbf";
-
-QString toText(std::string_view bytes)
-{
-    const QUtf8StringView text(bytes.data(), qsizetype(bytes.size()));
-    QString decoded = text.toString();
-    // Qt takes it for the mark of a file wherever a text begins with it.
-    if (bytes.starts_with(byteOrderMark))
-        decoded.prepend(QChar::ByteOrderMark);
-    return decoded;
-}
-
 /// A key as the user is told of it.
 QString keyText(std::string_view key)
 {
     return key.empty() ? u"\"\""_s : toText(key);
 }
-
-/// Gives equal texts one buffer: a document names few entries many times.
-class SharedTexts final {
-public:
-    const QString& text(std::string_view bytes)
-    {
-        const auto [place, isNew] = m_texts.try_emplace(bytes);
-        if (isNew)
-            place->second = toText(bytes);
-        return place->second;
-    }
-
-private:
-    std::unordered_map<std::string_view, QString> m_texts;
-};
 
 QString memberPath(const QString& object, std::string_view key)
 {
@@ -113,68 +80,11 @@ Failed checkKeys(dom::element value, const QString& place)
 
 enum class Need : quint8 { Required, Optional };
 
-std::optional<Refusal> readInteger(dom::element value, qint64& target)
-{
-    switch (value.type()) {
-    case dom::element_type::INT64:
-        target = value.get_int64().value_unsafe();
-        return std::nullopt;
-    case dom::element_type::UINT64:
-        return Refusal::OutOfRange;
-    case dom::element_type::DOUBLE: {
-        const double number = value.get_double().value_unsafe();
-        if (number != std::floor(number))
-            return Refusal::NotAnInteger;
-        if (std::abs(number) > largestExactInteger)
-            return Refusal::OutOfRange;
-        target = qint64(number);
-        return std::nullopt;
-    }
-    default:
-        return Refusal::NotAnInteger;
-    }
-}
-
-/// The digits of `text` from `begin` to `end` as a number; -1 when one is none.
-int readDigits(std::string_view text, size_t begin, size_t end)
-{
-    int number = 0;
-    for (size_t place = begin; place < end; ++place) {
-        if (text[place] < '0' || text[place] > '9')
-            return -1;
-        number = number * 10 + (text[place] - '0');
-    }
-    return number;
-}
-
-std::optional<qint64> readDate(std::string_view text)
-{
-    using namespace std::chrono;
-    constexpr std::string_view form = "0000-00-00T00:00:00Z";
-    if (text.size() != form.size())
-        return std::nullopt;
-    for (const size_t place : {4U, 7U, 10U, 13U, 16U, 19U}) {
-        if (text[place] != form[place])
-            return std::nullopt;
-    }
-    const std::array parts{readDigits(text, 0, 4), readDigits(text, 5, 7), readDigits(text, 8, 10),
-        readDigits(text, 11, 13), readDigits(text, 14, 16), readDigits(text, 17, 19)};
-    if (std::ranges::any_of(parts, [](int part) { return part < 0; }))
-        return std::nullopt;
-    const auto [years, months, monthDays, hour, minute, second] = parts;
-    const year_month_day date{
-        year(years), month(static_cast<unsigned>(months)), day(static_cast<unsigned>(monthDays))};
-    if (!date.ok() || hour > 23 || minute > 59 || second > 59)
-        return std::nullopt;
-    const sys_seconds moment = sys_days(date) + hours(hour) + minutes(minute) + seconds(second);
-    return duration_cast<milliseconds>(moment.time_since_epoch()).count();
-}
-
-std::optional<Refusal> readText(dom::element value, QString& target)
+std::optional<Refusal> readShared(dom::element value, QString& target, SharedTexts& shared)
 {
     if (!value.is_string())
         return Refusal::NotAText;
-    target = toText(value.get_string().value_unsafe());
+    target = shared.text(value.get_string().value_unsafe());
     return std::nullopt;
 }
 
@@ -195,28 +105,26 @@ struct Field {
 };
 
 template <class Record, QString Record::*member>
-std::optional<Refusal> textField(dom::element value, Record& record, SharedTexts& /*shared*/)
+std::optional<Refusal> textField(dom::element value, Record& record, SharedTexts& shared)
 {
-    return readText(value, record.*member);
+    return readShared(value, record.*member, shared);
 }
 
 template <class Record, std::optional<QString> Record::*member>
-std::optional<Refusal> optionalTextField(
-    dom::element value, Record& record, SharedTexts& /*shared*/)
+std::optional<Refusal> optionalTextField(dom::element value, Record& record, SharedTexts& shared)
 {
-    return readOptional(value, record.*member, readText);
+    return readOptional(value, record.*member,
+        [&](dom::element text, QString& target) { return readShared(text, target, shared); });
 }
 
-template <std::optional<QString> ExportFilament::*member>
-std::optional<Refusal> referenceField(
-    dom::element value, ExportFilament& filament, SharedTexts& shared)
+/// Hardly two filaments have the same.
+std::optional<Refusal> notesField(
+    dom::element value, ExportFilament& filament, SharedTexts& /*shared*/)
 {
-    return readOptional(value, filament.*member, [&](dom::element name, QString& target) {
-        if (!name.is_string())
-            return std::optional(Refusal::NotAText);
-        target = shared.text(name.get_string().value_unsafe());
-        return std::optional<Refusal>();
-    });
+    if (!value.is_string())
+        return Refusal::NotAText;
+    filament.notes = toText(value.get_string().value_unsafe());
+    return std::nullopt;
 }
 
 std::optional<Refusal> dateField(
@@ -252,20 +160,22 @@ constexpr std::array typeFields{Field<ExportType>{"iconName", Need::Optional,
     Field<ExportType>{"name", Need::Required, textField<ExportType, &ExportType::name>}};
 
 /// In the order of a written document, so that the next key is mostly the next field.
-constexpr std::array filamentFields{
-    Field<ExportFilament>{"brand", Need::Optional, referenceField<&ExportFilament::brand>},
+constexpr std::array filamentFields{Field<ExportFilament>{"brand", Need::Optional,
+                                        optionalTextField<ExportFilament, &ExportFilament::brand>},
     Field<ExportFilament>{
         "colorHex", Need::Required, textField<ExportFilament, &ExportFilament::colorHex>},
     Field<ExportFilament>{
         "colorName", Need::Optional, optionalTextField<ExportFilament, &ExportFilament::colorName>},
     Field<ExportFilament>{"dateAdded", Need::Required, dateField},
-    Field<ExportFilament>{"location", Need::Optional, referenceField<&ExportFilament::location>},
     Field<ExportFilament>{
-        "notes", Need::Required, textField<ExportFilament, &ExportFilament::notes>},
+        "location", Need::Optional, optionalTextField<ExportFilament, &ExportFilament::location>},
+    Field<ExportFilament>{"notes", Need::Required, notesField},
     Field<ExportFilament>{"openedSpoolsCount", Need::Optional, openedField},
-    Field<ExportFilament>{"range", Need::Optional, referenceField<&ExportFilament::range>},
+    Field<ExportFilament>{
+        "range", Need::Optional, optionalTextField<ExportFilament, &ExportFilament::range>},
     Field<ExportFilament>{"spoolsCount", Need::Required, spoolsField},
-    Field<ExportFilament>{"type", Need::Optional, referenceField<&ExportFilament::type>}};
+    Field<ExportFilament>{
+        "type", Need::Optional, optionalTextField<ExportFilament, &ExportFilament::type>}};
 
 template <class Record, size_t count>
 size_t fieldOf(const std::array<Field<Record>, count>& fields, std::string_view key, size_t guess)
@@ -393,22 +303,29 @@ ExportDecodingError describe(simdjson::error_code code, QByteArrayView bytes)
         error ? u"ligne "_s + QString::number(error->line) : QString()};
 }
 
-} // namespace
-
-Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
+/// The text itself and what the parser needed are gone when this returns, before records are made.
+Failed parse(QByteArray bytes, dom::document& document)
 {
     if (bytes.startsWith(byteOrderMark.data()))
         bytes.remove(0, qsizetype(byteOrderMark.size()));
     bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
     dom::parser parser;
-    dom::element root;
     // The room behind the text is there already, so the parser need not copy it.
     const simdjson::error_code code
-        = parser.parse(bytes.constData(), size_t(bytes.size()), false).get(root);
-    if (code != simdjson::SUCCESS)
-        return Failure{describe(code, bytes)};
+        = parser.parse_into_document(document, bytes.constData(), size_t(bytes.size()), false)
+              .error();
+    return code == simdjson::SUCCESS ? Failed() : describe(code, bytes);
+}
+
+} // namespace
+
+Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
+{
+    dom::document document;
+    if (auto failed = parse(std::move(bytes), document))
+        return Failure{*failed};
     ExportData data;
-    if (auto failed = readRoot(root, data))
+    if (auto failed = readRoot(document.root(), data))
         return Failure{*failed};
     return data;
 }
