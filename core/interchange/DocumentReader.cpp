@@ -3,7 +3,9 @@
 #include "core/interchange/JsonValues.h"
 #include "core/interchange/SyntaxError.h"
 
+#include <algorithm>
 #include <array>
+#include <new>
 #include <simdjson.h>
 #include <string_view>
 #include <unordered_set>
@@ -24,59 +26,59 @@ QString keyText(std::string_view key)
     return key.empty() ? u"\"\""_s : toText(key);
 }
 
-QString memberPath(const QString& object, std::string_view key)
-{
-    return object.isEmpty() ? keyText(key) : object + u'.' + keyText(key);
-}
-
 /// A path into the document, written out only when something is wrong there.
 struct Place {
-    const char* list; ///< Null at the root.
+    const char* list;
     size_t index;
 
-    QString text() const
-    {
-        return list ? QLatin1StringView(list) + u'[' + QString::number(index) + u']' : QString();
-    }
-    QString text(std::string_view key) const { return memberPath(text(), key); }
+    QString text() const { return QLatin1StringView(list) + u'[' + QString::number(index) + u']'; }
+    QString text(std::string_view key) const { return text() + u'.' + keyText(key); }
 };
 
-Failed checkKeys(dom::element value, const QString& place);
+/// Where in a value that the program does not know a key stands twice, as the end of a path:
+/// ".key" or "[3].key". It is put together on the way back, for the one key it is about: in a
+/// foreign document keys may be long and members many.
+std::optional<QString> duplicateKeyIn(dom::element value);
 
-/// Nothing in a JSON text says which of two equal keys counts.
-Failed checkKeys(dom::object object, const QString& place)
+std::optional<QString> duplicateKeyIn(dom::object object)
 {
+    // Nothing in a JSON text says which of two equal keys counts.
     std::unordered_set<std::string_view> keys;
     for (const auto [key, value] : object) {
-        const QString path = memberPath(place, key);
         if (!keys.insert(key).second)
-            return ExportDecodingError{Refusal::DuplicateKey, path};
-        if (auto failed = checkKeys(value, path))
-            return failed;
+            return u'.' + keyText(key);
+        if (const auto below = duplicateKeyIn(value))
+            return u'.' + keyText(key) + *below;
     }
     return std::nullopt;
 }
 
-Failed checkKeys(dom::array array, const QString& place)
+std::optional<QString> duplicateKeyIn(dom::array array)
 {
     size_t index = 0;
     for (const dom::element value : array) {
-        const QString path = place + u'[' + QString::number(index++) + u']';
-        if (auto failed = checkKeys(value, path))
-            return failed;
+        if (const auto below = duplicateKeyIn(value))
+            return u'[' + QString::number(index) + u']' + *below;
+        ++index;
     }
     return std::nullopt;
 }
 
-/// Of a value that the program does not know. Its depth is bounded by the parser's.
-Failed checkKeys(dom::element value, const QString& place)
+/// The depth is bounded by the parser's.
+std::optional<QString> duplicateKeyIn(dom::element value)
 {
     if (value.is_object())
-        return checkKeys(value.get_object().value_unsafe(), place);
+        return duplicateKeyIn(value.get_object().value_unsafe());
     if (value.is_array())
-        return checkKeys(value.get_array().value_unsafe(), place);
+        return duplicateKeyIn(value.get_array().value_unsafe());
     return std::nullopt;
 }
+
+/// What is known while a whole document is read.
+struct Reading {
+    size_t documentBytes;
+    SharedTexts shared;
+};
 
 enum class Need : quint8 { Required, Optional };
 
@@ -214,8 +216,8 @@ Failed readRecord(dom::element element, const std::array<Field<Record>, count>& 
         next = field + 1;
     }
     if (hasUnknown) {
-        if (auto failed = checkKeys(object, place.text()))
-            return failed;
+        if (const auto duplicate = duplicateKeyIn(object))
+            return ExportDecodingError{Refusal::DuplicateKey, place.text() + *duplicate};
     }
     for (size_t field = 0; field < count; ++field) {
         if (!isRead[field] && fields[field].need == Need::Required)
@@ -224,9 +226,20 @@ Failed readRecord(dom::element element, const std::array<Field<Record>, count>& 
     return std::nullopt;
 }
 
+/// The bytes that a record takes in a document at the least: its required keys, each with two
+/// quotes, a colon, a value and a comma or bracket.
+template <class Record, size_t count>
+constexpr size_t leastBytes(const std::array<Field<Record>, count>& fields)
+{
+    size_t bytes = 0;
+    for (const auto& field : fields)
+        bytes += field.need == Need::Required ? field.key.size() + 5 : 0;
+    return bytes;
+}
+
 template <class Record, size_t count>
 Failed readList(dom::object root, const char* key, const std::array<Field<Record>, count>& fields,
-    SharedTexts& shared, std::vector<Record>& records)
+    Reading& reading, std::vector<Record>& records)
 {
     dom::element value;
     if (root.at_key(key).get(value) != simdjson::SUCCESS || value.is_null())
@@ -234,10 +247,12 @@ Failed readList(dom::object root, const char* key, const std::array<Field<Record
     dom::array array;
     if (value.get(array) != simdjson::SUCCESS)
         return ExportDecodingError{Refusal::NotAnArray, toText(key)};
-    records.reserve(array.size());
+    // However many elements a list has that are no records.
+    records.reserve(std::min(array.size(), reading.documentBytes / leastBytes(fields)));
     Place place{key, 0};
     for (const dom::element element : array) {
-        if (auto failed = readRecord(element, fields, place, shared, records.emplace_back()))
+        if (auto failed
+            = readRecord(element, fields, place, reading.shared, records.emplace_back()))
             return failed;
         ++place.index;
     }
@@ -254,8 +269,8 @@ Failed checkRootKeys(dom::object root)
             return ExportDecodingError{Refusal::DuplicateKey, keyText(key)};
         if (std::ranges::find(lists, key) != lists.end())
             continue;
-        if (auto failed = checkKeys(value, keyText(key)))
-            return failed;
+        if (const auto duplicate = duplicateKeyIn(value))
+            return ExportDecodingError{Refusal::DuplicateKey, keyText(key) + *duplicate};
     }
     return std::nullopt;
 }
@@ -270,7 +285,7 @@ Failed readVersion(dom::object root, std::optional<qint64>& version)
     return std::nullopt;
 }
 
-Failed readRoot(dom::element element, ExportData& data)
+Failed readRoot(dom::element element, size_t documentBytes, ExportData& data)
 {
     dom::object root;
     if (element.get(root) != simdjson::SUCCESS)
@@ -279,17 +294,17 @@ Failed readRoot(dom::element element, ExportData& data)
         return failed;
     if (auto failed = readVersion(root, data.schemaVersion))
         return failed;
-    SharedTexts shared;
-    if (auto failed = readList(root, "types", typeFields, shared, data.types))
+    Reading reading{documentBytes, {}};
+    if (auto failed = readList(root, "types", typeFields, reading, data.types))
         return failed;
-    if (auto failed = readList(root, "brands", namedFields<ExportBrand>, shared, data.brands))
+    if (auto failed = readList(root, "brands", namedFields<ExportBrand>, reading, data.brands))
         return failed;
-    if (auto failed = readList(root, "ranges", namedFields<ExportRange>, shared, data.ranges))
+    if (auto failed = readList(root, "ranges", namedFields<ExportRange>, reading, data.ranges))
         return failed;
     if (auto failed
-        = readList(root, "locations", namedFields<ExportLocation>, shared, data.locations))
+        = readList(root, "locations", namedFields<ExportLocation>, reading, data.locations))
         return failed;
-    return readList(root, "filaments", filamentFields, shared, data.filaments);
+    return readList(root, "filaments", filamentFields, reading, data.filaments);
 }
 
 /// The parser says what is wrong at most, never where.
@@ -317,17 +332,27 @@ Failed parse(QByteArray bytes, dom::document& document)
     return code == simdjson::SUCCESS ? Failed() : describe(code, bytes);
 }
 
-} // namespace
-
-Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
+Result<ExportData, ExportDecodingError> decode(QByteArray bytes)
 {
+    const auto documentBytes = size_t(bytes.size());
     dom::document document;
     if (auto failed = parse(std::move(bytes), document))
         return Failure{*failed};
     ExportData data;
-    if (auto failed = readRoot(document.root(), data))
+    if (auto failed = readRoot(document.root(), documentBytes, data))
         return Failure{*failed};
     return data;
+}
+
+} // namespace
+
+Result<ExportData, ExportDecodingError> decodeDocument(QByteArray bytes)
+{
+    try {
+        return decode(std::move(bytes));
+    } catch (const std::bad_alloc&) {
+        return Failure{ExportDecodingError{Refusal::TooLarge, {}}};
+    }
 }
 
 } // namespace reelhouse

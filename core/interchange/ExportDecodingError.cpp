@@ -41,7 +41,11 @@ QString decodingSentence(ExportDecodingError::Kind kind)
 QString ExportDecodingError::description() const
 {
     const QString sentence = decodingSentence(kind);
-    return place.isEmpty() ? sentence : place + u" : "_s + sentence;
+    const bool isOfTheFile
+        = kind == Kind::NotJson || kind == Kind::NumberTooLarge || kind == Kind::TooLarge;
+    if (place.isEmpty())
+        return isOfTheFile ? sentence : u"le document : "_s + sentence;
+    return place + u" : "_s + sentence;
 }
 
 } // namespace reelhouse

@@ -9,8 +9,8 @@ namespace reelhouse {
 
 namespace {
 
-/// Above it a floating-point number is no longer one certain integer.
-constexpr double largestExactInteger = 9007199254740992.0;
+/// From here on a floating-point number is no longer one certain integer.
+constexpr double firstInexactInteger = 9007199254740992.0;
 
 /// The digits of `text` from `begin` to `end` as a number; -1 when one is none.
 int readDigits(std::string_view text, size_t begin, size_t end)
@@ -50,7 +50,7 @@ std::optional<ExportDecodingError::Kind> readInteger(simdjson::dom::element valu
         const double number = value.get_double().value_unsafe();
         if (number != std::floor(number))
             return Refusal::NotAnInteger;
-        if (std::abs(number) > largestExactInteger)
+        if (std::abs(number) >= firstInexactInteger)
             return Refusal::OutOfRange;
         target = qint64(number);
         return std::nullopt;

@@ -172,9 +172,9 @@ void DocumentReaderTest::theRootIsHeldToItsForm_data()
         return text.replace(QByteArray("\"") + list + "\":[],", "")
             .replace(QByteArray(",\"") + list + "\":[]", "");
     };
-    QTest::newRow("a list") << "[]"_ba << u"un objet est attendu"_s;
-    QTest::newRow("a number") << "1"_ba << u"un objet est attendu"_s;
-    QTest::newRow("null") << "null"_ba << u"un objet est attendu"_s;
+    QTest::newRow("a list") << "[]"_ba << u"le document : un objet est attendu"_s;
+    QTest::newRow("a number") << "1"_ba << u"le document : un objet est attendu"_s;
+    QTest::newRow("null") << "null"_ba << u"le document : un objet est attendu"_s;
     for (const char* list : {"types", "brands", "ranges", "locations", "filaments"}) {
         const QString name = QString::fromLatin1(list);
         QTest::addRow("without %s", list)
@@ -248,7 +248,8 @@ void DocumentReaderTest::aFilamentIsHeldToItsForm_data()
             QTest::addRow("%s as %s", key, value) << filamentWith(key, value)
                                                   << u"filaments[0]."_s + QLatin1StringView(key)
                     + u" : un nombre entier est attendu"_s;
-        for (const char* value : {"9223372036854775808", "18446744073709551615", "1e300", "-1e19"})
+        for (const char* value :
+            {"9223372036854775808", "18446744073709551615", "1e300", "-1e19", "9007199254740993.0"})
             QTest::addRow("%s as %s", key, value) << filamentWith(key,
                 value) << u"filaments[0]."_s + QLatin1StringView(key) + u" : nombre trop grand"_s;
     }
