@@ -2,6 +2,7 @@
 
 #include "app/store/Descriptor.h"
 
+#include <new>
 #include <sys/stat.h>
 
 namespace reelhouse::UserFiles {
@@ -21,9 +22,7 @@ Result<qint64, SystemError> ordinaryLength(const Descriptor& file)
     return qint64{status.st_size};
 }
 
-} // namespace
-
-Result<QByteArray, SystemError> read(const QString& path, qint64 largest)
+Result<QByteArray, SystemError> readAll(const QString& path, qint64 largest)
 {
     // Without O_NONBLOCK a pipe of that name would never open.
     const Descriptor file(path, O_RDONLY | O_NONBLOCK | O_NOCTTY);
@@ -32,12 +31,14 @@ Result<QByteArray, SystemError> read(const QString& path, qint64 largest)
     const auto length = ordinaryLength(file);
     if (!length)
         return Failure{length.error()};
+    if (length.value() > largest)
+        return Failure{SystemError{EFBIG}};
     QByteArray bytes;
     // Some files say that they are empty and are not; others grow.
-    bytes.resize(std::min(length.value(), largest) + 1);
+    bytes.resize(length.value() + 1);
     qsizetype size = 0;
     while (true) {
-        if (length.value() > largest || size > largest)
+        if (size > largest)
             return Failure{SystemError{EFBIG}};
         if (size == bytes.size())
             bytes.resize(2 * size);
@@ -53,6 +54,17 @@ Result<QByteArray, SystemError> read(const QString& path, qint64 largest)
     }
     bytes.truncate(size);
     return bytes;
+}
+
+} // namespace
+
+Result<QByteArray, SystemError> read(const QString& path, qint64 largest)
+{
+    try {
+        return readAll(path, largest);
+    } catch (const std::bad_alloc&) {
+        return Failure{SystemError{ENOMEM}};
+    }
 }
 
 std::optional<SystemError> overwrite(const QString& path, QByteArrayView bytes)

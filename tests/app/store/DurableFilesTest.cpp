@@ -4,6 +4,7 @@
 #include "tests/app/store/OtherProcess.h"
 #include "tests/app/store/SmallDisk.h"
 #include "tests/app/store/StoreFixtures.h"
+#include "tests/support/LittleMemory.h"
 #include "tests/support/TestMain.h"
 
 #include <QtCore/QDir>
@@ -37,6 +38,7 @@ private slots:
     void whatIsNoFolderIsSaid();
     void aFileOfTheUserIsOverwrittenInPlace();
     void anOverwrittenFileThatDoesNotFitIsAFailure();
+    void aFileForWhichMemoryLacksIsRefused();
 
 private:
     QString path() const { return m_folder->filePath(u"stock.json"_s); }
@@ -256,6 +258,24 @@ void DurableFilesTest::anOverwrittenFileThatDoesNotFitIsAFailure()
         QSKIP("This system does not let the user mount a disk.");
 
     QCOMPARE(*answer, QStringList{u"Le disque est plein."_s});
+}
+
+void DurableFilesTest::aFileForWhichMemoryLacksIsRefused()
+{
+    if (!canLimitMemory)
+        QSKIP("memory cannot be limited under the sanitizer");
+    constexpr qint64 megabyte = 1024 * 1024;
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(file.resize(200 * megabyte));
+    file.close();
+
+    const int outcome = inLittleMemory(50 * megabyte, [&] {
+        const auto read = UserFiles::read(path(), 1024 * megabyte);
+        return read ? 0 : read.error().code;
+    });
+
+    QCOMPARE(outcome, ENOMEM);
 }
 
 REELHOUSE_TEST(DurableFilesTest)
