@@ -1,5 +1,6 @@
 #include "app/shell/MainWindow.h"
 
+#include <QtCore/QCoreApplication>
 #include <QtGui/QCloseEvent>
 #include <QtWidgets/QMenuBar>
 
@@ -15,7 +16,12 @@ MainWindow::MainWindow()
 
 void MainWindow::showScreen(QWidget* screen)
 {
+    // The first thing painted of it is laid out: no bare ground before, no text still too narrow.
+    setUpdatesEnabled(false);
     setCentralWidget(screen);
+    screen->show();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    setUpdatesEnabled(true);
 }
 
 QSize MainWindow::chromeSize() const
@@ -54,7 +60,7 @@ void MainWindow::makeMenuBar()
     m_viewMenu = menuBar()->addMenu(u"&Présentation"_s);
     m_stockMenu = menuBar()->addMenu(u"&Stock"_s);
     for (QMenu* menu : {m_fileMenu, m_viewMenu, m_stockMenu})
-        menu->menuAction()->setVisible(false);
+        menu->menuAction()->setEnabled(false);
     QMenu* window = menuBar()->addMenu(u"Fe&nêtre"_s);
     window->addAction(
         u"&Réduire"_s, QKeySequence(Qt::CTRL | Qt::Key_M), this, &QWidget::showMinimized);

@@ -26,7 +26,7 @@ public:
     /// Asked each time the user closes the window: whether it may. Without one it always may.
     void setCloseQuestion(std::function<bool()> mayClose) { m_mayClose = std::move(mayClose); }
 
-    /// The menus that the screens' commands are added to; all but "Édition" are hidden until then.
+    /// The menus that the screens' commands are added to; all but "Édition" rest until then.
     QMenu& fileMenu() { return *m_fileMenu; }
     QMenu& editMenu() { return *m_editMenu; }
     QMenu& viewMenu() { return *m_viewMenu; }

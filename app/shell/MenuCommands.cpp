@@ -28,7 +28,7 @@ MenuCommands::MenuCommands(ContentView& content, MainWindow& window)
     library.spoolActions().addTo(window.stockMenu());
     setMnemonics(window.stockMenu(), u"farmuds"_s);
     for (QMenu* menu : {&window.fileMenu(), &window.viewMenu(), &window.stockMenu()})
-        menu->menuAction()->setVisible(true);
+        menu->menuAction()->setEnabled(true);
     connect(&content, &ContentView::screenShown, this, &MenuCommands::follow);
     follow(content.selection());
 }

@@ -4,7 +4,7 @@
 
 namespace reelhouse {
 
-/// Fills the window while the store is being opened.
+/// Fills the window while the store is being opened. Says so once that takes long enough to notice.
 class StoreLoadingView final : public QWidget {
     Q_OBJECT
 

@@ -28,6 +28,7 @@ class MenuBarTest final : public QObject {
 
 private slots:
     void withoutAStockOnlyTheProgramsOwnCommandsAreThere();
+    void theMenuBarStaysAsItIsWhenTheStockIsOpened();
     void everyCommandHasItsPlace();
     void noTwoCommandsShareAKey();
     void everyEntryHasALetterOfItsOwn();
@@ -45,11 +46,11 @@ private slots:
 
 namespace {
 
-QStringList visibleMenus(const MainWindow& window)
+QStringList offeredMenus(const MainWindow& window)
 {
     QStringList titles;
     for (const QAction* action : window.menuBar()->actions()) {
-        if (action->isVisible())
+        if (action->isVisible() && action->isEnabled())
             titles += action->iconText();
     }
     return titles;
@@ -115,9 +116,26 @@ void MenuBarTest::withoutAStockOnlyTheProgramsOwnCommandsAreThere()
 {
     const MainWindow window;
 
-    QCOMPARE(visibleMenus(window),
+    QCOMPARE(offeredMenus(window),
         QStringList({u"Spoolwright"_s, u"Édition"_s, u"Fenêtre"_s, u"Aide"_s}));
     QVERIFY(!entryNamed(window, u"Réglages…"_s).isEnabled());
+}
+
+void MenuBarTest::theMenuBarStaysAsItIsWhenTheStockIsOpened()
+{
+    const auto places = [](const MainWindow& window) {
+        QList<QRect> menus;
+        for (QAction* action : window.menuBar()->actions())
+            menus << window.menuBar()->actionGeometry(action);
+        return menus;
+    };
+    MainWindow window;
+    window.resize(1300, 850);
+    window.show();
+    const MenuBarFixture fixture;
+
+    QCOMPARE(places(window), places(fixture.window));
+    QCOMPARE(places(window).size(), 7);
 }
 
 void MenuBarTest::everyCommandHasItsPlace()
@@ -127,7 +145,7 @@ void MenuBarTest::everyCommandHasItsPlace()
     const QMenu* application = menus.first();
     const QList<QMenu*> lastMenus = menus.last(2);
 
-    QCOMPARE(visibleMenus(fixture.window),
+    QCOMPARE(offeredMenus(fixture.window),
         QStringList({u"Spoolwright"_s, u"Fichier"_s, u"Édition"_s, u"Présentation"_s, u"Stock"_s,
             u"Fenêtre"_s, u"Aide"_s}));
     QCOMPARE(entriesOf(*application),

@@ -47,9 +47,17 @@ QPushButton* buttonNamed(const QWidget& widget, const QString& text)
 
 void StoreScreensTest::theLoadingScreenSaysWhatGoesOn()
 {
-    const StoreLoadingView view;
+    StoreLoadingView view;
+    view.resize(1100, 800);
+    view.show();
     QCOMPARE(textsOf(view), QStringList{u"Ouverture de la base de données…"_s});
-    QVERIFY(view.findChild<Spinner*>());
+    const auto* spinner = view.findChild<Spinner*>();
+    QVERIFY(spinner);
+    QVERIFY(!spinner->isVisible()); // What is over at once does not flash up.
+    QTRY_VERIFY(spinner->isVisible());
+    QVERIFY(view.findChild<QLabel*>()->isVisible());
+    const QPoint off = spinner->mapTo(&view, spinner->rect().center()) - view.rect().center();
+    QVERIFY(std::abs(off.x()) <= 1);
 }
 
 void StoreScreensTest::theFailureScreenShowsTheWholeMessageForCopying()
