@@ -7,8 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
-FavoritesMenu::FavoritesMenu(const FilterFavoritesStore& favorites, QWidget* parent)
-    : QMenu(parent)
+FavoritesMenu::FavoritesMenu(const FilterFavoritesStore& favorites, CapsuleButton* star)
+    : CapsuleMenu(star, Alignment::Right)
     , m_favorites(favorites)
 {
     setToolTipsVisible(true);

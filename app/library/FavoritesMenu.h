@@ -1,8 +1,7 @@
 #pragma once
 
+#include "app/ui/CapsuleMenu.h"
 #include "core/filters/FilterFavorite.h"
-
-#include <QtWidgets/QMenu>
 
 namespace reelhouse {
 
@@ -10,11 +9,11 @@ class FilterFavoritesStore;
 
 /// The menu under the star of the filter bar: saves the current filter, applies a favourite, opens
 /// their management. Its entries are made each time it opens.
-class FavoritesMenu final : public QMenu {
+class FavoritesMenu final : public CapsuleMenu {
     Q_OBJECT
 
 public:
-    FavoritesMenu(const FilterFavoritesStore& favorites, QWidget* parent);
+    FavoritesMenu(const FilterFavoritesStore& favorites, CapsuleButton* star);
 
     /// What the library shows now, and whether that holds anything back.
     void setCurrent(const FilterCriteria& criteria, bool isFilterActive);

@@ -6,6 +6,7 @@
 #include "app/library/MenuTitle.h"
 #include "app/ui/ButtonLook.h"
 #include "app/ui/CapsuleButton.h"
+#include "app/ui/CapsuleMenu.h"
 #include "app/ui/Palette.h"
 #include "app/ui/SearchField.h"
 #include "app/ui/Symbol.h"
@@ -150,7 +151,7 @@ CapsuleButton* FilterBarView::addCapsule(const QString& symbol, const QString& f
     const QString& unsetValue, CapsuleTint Theme::*tint, const Choices& choices)
 {
     auto* capsule = new CapsuleButton(symbol, field, unsetValue, tint, this);
-    auto* menu = new QMenu(capsule);
+    auto* menu = new CapsuleMenu(capsule);
     menu->setToolTipsVisible(true);
     new QActionGroup(menu);
     capsule->setMenu(menu);

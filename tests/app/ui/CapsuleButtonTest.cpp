@@ -1,8 +1,11 @@
 #include "app/ui/CapsuleButton.h"
 
+#include "app/ui/CapsuleMenu.h"
 #include "tests/app/ui/AccessibleFacts.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QTimer>
+#include <QtGui/QScreen>
 #include <QtTest/QTest>
 #include <QtWidgets/QMenu>
 
@@ -24,7 +27,11 @@ private slots:
     void aNameWithAnAmpersandIsNoShortcut();
     void aBareCapsuleIsNamedByItsTooltip();
     void spaceOpensTheMenu();
+    void theMenuStandsALittleOff_data();
+    void theMenuStandsALittleOff();
 };
+
+Q_DECLARE_METATYPE(reelhouse::CapsuleMenu::Alignment)
 
 namespace {
 
@@ -155,6 +162,48 @@ void CapsuleButtonTest::spaceOpensTheMenu()
 
     QVERIFY(wasOpen);
     QCOMPARE(spokenRole(&capsule), QAccessible::ButtonMenu);
+}
+
+void CapsuleButtonTest::theMenuStandsALittleOff_data()
+{
+    QTest::addColumn<CapsuleMenu::Alignment>("alignment");
+    QTest::addColumn<bool>("isAtTheBottom");
+
+    QTest::newRow("under its left end") << CapsuleMenu::Alignment::Left << false;
+    QTest::newRow("under its right end") << CapsuleMenu::Alignment::Right << false;
+    QTest::newRow("above it") << CapsuleMenu::Alignment::Left << true;
+}
+
+void CapsuleButtonTest::theMenuStandsALittleOff()
+{
+    QFETCH(CapsuleMenu::Alignment, alignment);
+    QFETCH(bool, isAtTheBottom);
+    TypeCapsule capsule;
+    auto* menu = new CapsuleMenu(&capsule, alignment);
+    menu->addAction(u"Enregistrer le filtre actuel…"_s);
+    capsule.setMenu(menu);
+    capsule.resize(capsule.sizeHint());
+    capsule.move(300, isAtTheBottom ? capsule.screen()->geometry().bottom() - 40 : 100);
+    capsule.show();
+    QVERIFY(QTest::qWaitForWindowActive(&capsule));
+    QRect place;
+    QTimer::singleShot(0, menu, [menu, &place] {
+        place = menu->geometry();
+        menu->close();
+    });
+
+    QTest::keyClick(&capsule, Qt::Key_Space);
+
+    const QRect button(capsule.mapToGlobal(QPoint()), capsule.size());
+    QVERIFY(place.width() > button.width());
+    if (isAtTheBottom)
+        QCOMPARE(place.bottom() + 1 + 5, button.top());
+    else
+        QCOMPARE(place.top(), button.bottom() + 1 + 5);
+    if (alignment == CapsuleMenu::Alignment::Left)
+        QCOMPARE(place.left(), button.left());
+    else
+        QCOMPARE(place.right(), button.right());
 }
 
 REELHOUSE_TEST(CapsuleButtonTest)
