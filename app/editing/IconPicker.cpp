@@ -2,6 +2,7 @@
 
 #include "app/ui/ColorMath.h"
 #include "app/ui/FocusRing.h"
+#include "app/ui/Palette.h"
 #include "app/ui/RoundedPanel.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/Theme.h"
@@ -27,6 +28,14 @@ constexpr qreal cellRadius = 8;
 constexpr int cellSymbolSide = 20;
 constexpr QColor cellAccent(0x66, 0x7e, 0xea);
 constexpr QColor cellGray(0x80, 0x80, 0x80);
+
+/// Keeps the scroll bar off a rounded corner of the panel.
+QWidget* roundedEnd()
+{
+    auto* end = new QWidget;
+    end->setFixedHeight(int(pickerRadius) - 1);
+    return end;
+}
 
 } // namespace
 
@@ -121,7 +130,11 @@ IconPicker::IconPicker(const QString& selection, QWidget* parent)
     m_scrollArea->setWidgetResizable(true);
     m_scrollArea->setWidget(grid);
     grid->setAutoFillBackground(false);
-    m_scrollArea->viewport()->setAutoFillBackground(false);
+    QWidget* viewport = m_scrollArea->viewport();
+    viewport->setAutoFillBackground(false);
+    viewport->setBackgroundRole(roleOf(Ground::Surface)); // The scroll bar takes its colour.
+    for (const Qt::Alignment end : {Qt::AlignTop, Qt::AlignBottom})
+        m_scrollArea->addScrollBarWidget(roundedEnd(), end);
 }
 
 void IconPicker::choose(const IconCell& cell)

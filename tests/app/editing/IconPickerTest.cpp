@@ -21,6 +21,7 @@ private slots:
     void arrowKeysChooseAndScroll();
     void anUnknownSymbolIsKeptUntilOneIsChosen();
     void cellsAreFilledAndOutlined();
+    void theScrollBarLeavesTheBorderWhole();
 };
 
 namespace {
@@ -152,6 +153,24 @@ void IconPickerTest::cellsAreFilledAndOutlined()
     QCOMPARE(chosen.pixelColor(19, 4), QColor(0xe3, 0xe8, 0xfb));
     QCOMPARE(other.pixelColor(19, 4), QColor(0xf5, 0xf5, 0xf5));
     QVERIFY(other.pixelColor(19, 0).red() < 0xf0);
+}
+
+void IconPickerTest::theScrollBarLeavesTheBorderWhole()
+{
+    const ThemeService theme;
+    IconPickerFixture fixture(u"cube.fill"_s);
+    QImage picture(fixture.picker.size(), QImage::Format_ARGB32);
+    picture.fill(Qt::magenta);
+    fixture.picker.render(&picture, {}, {}, QWidget::DrawChildren);
+
+    // Its corners are round on both sides, and nothing else shines through beside the bar.
+    const int right = picture.width() - 1;
+    for (const int y : {0, 1, 128, 129})
+        QCOMPARE(picture.pixelColor(right - 1, y), picture.pixelColor(1, y));
+    for (const int y : {20, 65, 110}) {
+        QCOMPARE(picture.pixelColor(right, y), currentTheme().hairline);
+        QCOMPARE(picture.pixelColor(right - 2, y), currentTheme().surface);
+    }
 }
 
 REELHOUSE_TEST(IconPickerTest)
