@@ -81,14 +81,13 @@ void FilamentRowDelegate::paintGround(
     QPainter* painter, const QStyleOptionViewItem& option, int row) const
 {
     const Theme& theme = currentTheme();
-    const QRect viewport = m_list.viewport()->rect();
-    const int bottom = option.rect.bottom();
-    painter->fillRect(QRect(QPoint(viewport.left() + RowLayout::textStart - 2, bottom),
-                          QPoint(viewport.right() - RowLayout::firstPadding, bottom)),
-        theme.hairline);
+    const int end = m_list.rowsEnd();
+    constexpr int lineStart = RowLayout::textStart - 2;
+    painter->fillRect(lineStart, option.rect.bottom(),
+        end + RowLayout::margin - RowLayout::firstPadding - lineStart, 1, theme.hairline);
 
-    const QRectF rowRect(viewport.left() + RowLayout::margin, option.rect.top(),
-        viewport.width() - 2 * RowLayout::margin, option.rect.height());
+    const QRectF rowRect(
+        RowLayout::margin, option.rect.top(), end - RowLayout::margin, option.rect.height());
     painter->setPen(Qt::NoPen);
     if (isSelected(option)) {
         painter->setBrush(m_list.hasFocus() ? theme.selection : theme.track);

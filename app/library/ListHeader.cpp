@@ -17,6 +17,13 @@ int titlePadding(int column)
 
 } // namespace
 
+void HeaderEnd::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), currentTheme().list);
+    painter.fillRect(0, height() - 1, width(), 1, currentTheme().hairline);
+}
+
 ListHeader::ListHeader(QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent)
 {

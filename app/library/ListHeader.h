@@ -20,4 +20,15 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
+/// Goes on with the header over a scroll bar that stands beside the rows.
+class HeaderEnd final : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
 } // namespace reelhouse

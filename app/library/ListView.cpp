@@ -9,6 +9,7 @@
 #include <QtCore/QScopedValueRollback>
 #include <QtGui/QContextMenuEvent>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QScrollBar>
 
 #include <algorithm>
 #include <array>
@@ -27,6 +28,14 @@ struct ColumnShare {
 
 constexpr std::array<ColumnShare, 5> columnShares{
     {{21, 150}, {16, 130}, {12, 90}, {13, 110}, {19, 120}}};
+
+/// As wide as the margin beside the rows, which are as wide without it.
+class RowsScrollBar final : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+
+    QSize sizeHint() const override { return {RowLayout::margin, QScrollBar::sizeHint().height()}; }
+};
 
 /// What the columns without a width have between them.
 struct Remainder {
@@ -78,6 +87,7 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     , m_actions(actions)
     , m_model(new FilamentTableModel(context, FilamentTableModel::Shape::Table, this))
     , m_selected(nullptr)
+    , m_besideHeader(new HeaderEnd(this))
 {
     setAccessibleName(u"Stock de filaments"_s);
     setModel(m_model);
@@ -98,6 +108,8 @@ ListView::ListView(StoreContext& context, SpoolActions& actions, QWidget* parent
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     setHorizontalHeader(new ListHeader(this));
+    setVerticalScrollBar(new RowsScrollBar(this));
+    addScrollBarWidget(m_besideHeader, Qt::AlignTop);
 
     auto* delegate = new FilamentRowDelegate(*this);
     setItemDelegate(delegate);
@@ -129,8 +141,14 @@ void ListView::updateMetrics()
 {
     verticalHeader()->setDefaultSectionSize(FilamentRowDelegate::rowHeight());
     horizontalHeader()->updateGeometry();
+    m_besideHeader->setFixedHeight(horizontalHeader()->sizeHint().height());
     if (!m_hasOwnWidths)
         shareColumns();
+}
+
+int ListView::rowsEnd() const
+{
+    return width() - RowLayout::margin;
 }
 
 void ListView::resizeEvent(QResizeEvent* event)
@@ -144,7 +162,7 @@ void ListView::shareColumns()
 {
     const QScopedValueRollback sharing(m_isSharingColumns, true);
     std::vector<int> needed;
-    int left = viewport()->width();
+    int left = rowsEnd();
     for (int column = 0; column < m_model->columnCount(); ++column) {
         needed.push_back(std::max(
             columnShares[size_t(column)].minimum, horizontalHeader()->sectionSizeHint(column)));
@@ -157,7 +175,7 @@ void ListView::shareColumns()
         width += more;
         left -= more;
     }
-    const std::vector<int> widths = listColumnWidths(viewport()->width(), needed);
+    const std::vector<int> widths = listColumnWidths(rowsEnd(), needed);
     for (size_t column = 0; column < widths.size(); ++column)
         setColumnWidth(int(column), widths[column]);
 }

@@ -34,6 +34,8 @@ public:
 
     /// The row under the pointer, or -1.
     int hoveredRow() const { return m_hoveredRow; }
+    /// Where every row ends, whether the scroll bar stands beside it or not.
+    int rowsEnd() const;
     /// Where the pointer is, in the viewport.
     QPoint pointerPosition() const { return m_pointerPosition; }
 
@@ -55,6 +57,7 @@ private:
     SpoolActions& m_actions;
     FilamentTableModel* m_model;
     SelectedFilament* m_selected;
+    QWidget* m_besideHeader; ///< Over the scroll bar, which begins where the rows do.
     QString m_foldedSearch;
     bool m_isSharingColumns = false;
     bool m_hasOwnWidths = false; ///< The user has dragged a column.

@@ -31,7 +31,7 @@ constexpr int chevronSide = 12;
 /// A scroll bar stands beside the viewport of its area and takes that one's ground.
 QColor groundBeside(const QWidget* scrollBar)
 {
-    const QWidget* ancestor = scrollBar;
+    const QWidget* ancestor = scrollBar; // Or the area itself.
     while (ancestor != nullptr) {
         if (const auto* area = qobject_cast<const QAbstractScrollArea*>(ancestor)) {
             const QWidget* viewport = area->viewport();
@@ -146,14 +146,20 @@ void paintScrollBar(
     painter.fillRect(option.rect, groundBeside(widget));
     if (option.minimum == option.maximum)
         return;
-    const qreal side = (scrollBarExtent - sliderThickness) / 2;
     const bool isHorizontal = option.orientation == Qt::Horizontal;
+    const int extent = isHorizontal ? slider.height() : slider.width();
+    const qreal side = (extent - sliderThickness) / 2;
     const QRectF bar = isHorizontal ? QRectF(slider).adjusted(3, side, -3, -side)
                                     : QRectF(slider).adjusted(side, 3, -side, -3);
     const bool isActive = (option.activeSubControls & QStyle::SC_ScrollBarSlider) != 0
         && (option.state & (QStyle::State_MouseOver | QStyle::State_Sunken)) != 0;
     paintRoundedPanel(
         painter, bar, sliderThickness / 2, isActive ? theme.textTertiary : theme.scroller);
+}
+
+void paintScrollAreaCorner(QPainter& painter, const QRect& rect, const QWidget* area)
+{
+    painter.fillRect(rect, groundBeside(area));
 }
 
 void paintProgressBar(QPainter& painter, const QStyleOptionProgressBar& option)

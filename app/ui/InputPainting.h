@@ -21,6 +21,8 @@ void paintComboBox(QPainter& painter, const QStyleOptionComboBox& option);
 void paintComboBoxLabel(QPainter& painter, const QStyleOptionComboBox& option, const QRect& field);
 void paintScrollBar(QPainter& painter, const QStyleOptionSlider& option, const QWidget* widget,
     const QRect& slider);
+/// Where a scroll `area` has two bars, what lies between their ends.
+void paintScrollAreaCorner(QPainter& painter, const QRect& rect, const QWidget* area);
 void paintProgressBar(QPainter& painter, const QStyleOptionProgressBar& option);
 
 /// Where the slider of a scroll bar stands: the groove is the whole bar, there are no buttons.

@@ -125,6 +125,9 @@ void SpoolwrightStyle::drawPrimitive(PrimitiveElement element, const QStyleOptio
         return;
     case PE_PanelItemViewRow:
         return;
+    case PE_PanelScrollAreaCorner:
+        InputPainting::paintScrollAreaCorner(*painter, option->rect, widget);
+        return;
     case PE_Frame:
     case PE_FrameGroupBox:
         paintRoundedPanel(*painter, option->rect, 0, {}, m_theme.hairline);

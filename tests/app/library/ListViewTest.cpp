@@ -28,6 +28,7 @@ private slots:
     void columnsShareTheWidth();
     void noTitleIsCut();
     void countsAndPlacesAreWholeInLargeFonts();
+    void aScrollBarMovesNoRow();
     void aDraggedColumnKeepsItsWidth();
     void plusAndMinusChangeTheCount();
     void twoQuickClicksCountTwiceAndOpenNothing();
@@ -144,6 +145,28 @@ void ListViewTest::countsAndPlacesAreWholeInLargeFonts()
         }
     }
     QApplication::setFont(usual);
+}
+
+void ListViewTest::aScrollBarMovesNoRow()
+{
+    const ListViewFixture few(3);
+    const ListViewFixture many(40);
+    const QScrollBar& bar = *many.list.verticalScrollBar();
+    QVERIFY(bar.isVisible());
+    QVERIFY(!few.list.verticalScrollBar()->isVisible());
+    QVERIFY(!many.list.horizontalScrollBar()->isVisible());
+
+    for (int column = 0; column < 5; ++column)
+        QCOMPARE(many.cell(0, column), few.cell(0, column));
+    QCOMPARE(many.cell(0, 4).right() + 1, 1080 - 8);
+
+    // It stands in the margin, beside the rows and not beside the titles.
+    const QRect place(bar.mapTo(&many.list, QPoint()), bar.size());
+    const int headerHeight = many.list.horizontalHeader()->height();
+    QCOMPARE(place, QRect(1080 - 8, headerHeight, 8, 600 - headerHeight));
+    const QImage picture = const_cast<ListView&>(many.list).grab().toImage();
+    QCOMPARE(picture.pixelColor(1079, headerHeight - 1), currentTheme().hairline);
+    QCOMPARE(picture.pixelColor(1079, headerHeight / 2), currentTheme().list);
 }
 
 void ListViewTest::aDraggedColumnKeepsItsWidth()
