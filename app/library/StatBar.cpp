@@ -18,7 +18,7 @@ namespace {
 
 constexpr int trackHeight = 8;
 constexpr qreal statTrackRadius = 4;
-constexpr qreal statRingRadius = 5;
+constexpr qreal statRingRadius = 8;
 constexpr int labelGap = 5;
 constexpr int statSymbolSide = 14;
 constexpr int statSymbolGap = 8;

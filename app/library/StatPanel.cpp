@@ -17,7 +17,8 @@ namespace reelhouse {
 namespace {
 
 constexpr int statPanelPadding = 18;
-constexpr int statGap = 14;
+constexpr int statHeadingGap = 15;
+constexpr int statGap = 12;
 constexpr qreal statPanelRadius = 12;
 
 } // namespace
@@ -30,7 +31,10 @@ StatPanel::StatPanel(const QString& title, ColorRole barColor, QWidget* parent)
 {
     auto* heading = new QLabel(title, this);
     setTextStyle(heading, TextStyle::Headline);
-    heading->setContentsMargins(statPanelPadding, statGap, statPanelPadding, statGap);
+    auto* headingRow = new QVBoxLayout;
+    headingRow->setContentsMargins(
+        statPanelPadding, statHeadingGap, statPanelPadding, statHeadingGap);
+    headingRow->addWidget(heading);
     setTextTone(m_noData, TextTone::Secondary);
     constexpr int margin = StatBar::margin; // Each bar has it around itself.
     constexpr int side = statPanelPadding - margin;
@@ -41,7 +45,7 @@ StatPanel::StatPanel(const QString& title, ColorRole barColor, QWidget* parent)
     auto* panel = new QVBoxLayout(this);
     panel->setContentsMargins(1, 1, 1, 1);
     panel->setSpacing(0);
-    panel->addWidget(heading);
+    panel->addLayout(headingRow);
     panel->addWidget(new Separator(this));
     panel->addLayout(m_column);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);

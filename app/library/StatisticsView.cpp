@@ -9,6 +9,7 @@
 #include "app/ui/TextStyle.h"
 
 #include <QtGui/QPainter>
+#include <QtWidgets/QGridLayout>
 #include <QtWidgets/QHBoxLayout>
 #include <QtWidgets/QLabel>
 
@@ -48,6 +49,7 @@ StatisticsView::StatisticsView(QWidget* parent)
     setFrameShape(NoFrame);
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
+    viewport()->setBackgroundRole(roleOf(Ground::Canvas)); // The scroll bar takes its colour.
     auto* content = new QWidget;
     setGround(content, Ground::Canvas);
     auto* column = new QVBoxLayout(content);
@@ -105,12 +107,16 @@ QWidget* StatisticsView::makeSummary(QWidget* parent)
                 return Colors{theme.orange, theme.orangeGraphic};
             },
             u"Entamées"_s, summary)};
-    auto* row = new QHBoxLayout(summary);
-    row->setContentsMargins(22, 22, 18, 22);
-    row->setSpacing(44);
-    for (StatTile* tile : m_tiles)
-        row->addWidget(tile, 1);
-    row->addWidget(new IconView(symbolIcon(u"chart.bar.fill"_s), 16, summary), 0, Qt::AlignTop);
+    auto* row = new QGridLayout(summary);
+    row->setContentsMargins(22, 22, 22, 22);
+    row->setHorizontalSpacing(44);
+    for (int place = 0; place < int(m_tiles.size()); ++place) {
+        row->addWidget(m_tiles[size_t(place)], 0, place);
+        row->setColumnStretch(place, 1);
+    }
+    // In the corner of the last tile, which is as wide as the others.
+    auto* mark = new IconView(symbolIcon(u"chart.bar.fill"_s), 16, summary);
+    row->addWidget(mark, 0, int(m_tiles.size()) - 1, Qt::AlignTop | Qt::AlignRight);
     return summary;
 }
 
@@ -126,8 +132,13 @@ void StatisticsView::setStock(const StockTotals& totals, const StockDistribution
 
 void StatisticsView::resizeEvent(QResizeEvent* event)
 {
-    const bool isNarrow = viewport()->width() - 2 * statisticsMargin < narrowestBeside;
+    const bool isNarrow = width() - 2 * statisticsMargin < narrowestBeside;
     m_panelRow->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    // The scroll bar lies in the margin: whether it is there changes nothing.
+    QLayout* column = widget()->layout();
+    QMargins margins = column->contentsMargins();
+    margins.setRight(statisticsMargin - (width() - viewport()->width()));
+    column->setContentsMargins(margins);
     QScrollArea::resizeEvent(event);
 }
 

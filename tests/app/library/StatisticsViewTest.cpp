@@ -2,6 +2,8 @@
 
 #include "app/library/StatBar.h"
 #include "app/library/StatPanel.h"
+#include "app/library/StatTile.h"
+#include "app/ui/ThemeService.h"
 #include "tests/app/ui/AccessibleFacts.h"
 #include "tests/support/AccessibleTree.h"
 #include "tests/support/TestMain.h"
@@ -9,6 +11,7 @@
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
 #include <QtWidgets/QLabel>
+#include <QtWidgets/QScrollBar>
 
 using namespace reelhouse;
 using namespace Qt::StringLiterals;
@@ -27,6 +30,8 @@ private slots:
     void assistiveTechnologyHearsTheShare();
     void onlyNamedGroupsCanBeChosen();
     void panelsStackWhereTheyWouldBeNarrow();
+    void theTilesShareTheWidth();
+    void aScrollBarLiesInTheMargin();
 };
 
 Q_DECLARE_METATYPE(reelhouse::FilterSelection)
@@ -221,6 +226,43 @@ void StatisticsViewTest::panelsStackWhereTheyWouldBeNarrow()
     QVERIFY(panels.at(1)->y() > panels.at(0)->geometry().bottom());
     QCOMPARE(panels.at(1)->x(), panels.at(0)->x());
     QVERIFY(panels.at(0)->width() <= 700);
+}
+
+void StatisticsViewTest::theTilesShareTheWidth()
+{
+    StatisticsFixture fixture;
+    fixture.showSome();
+    QCoreApplication::processEvents();
+
+    const auto tiles = fixture.view.findChildren<StatTile*>();
+    QCOMPARE(tiles.size(), 3);
+    for (const StatTile* tile : tiles)
+        QVERIFY(std::abs(tile->width() - tiles.first()->width()) <= 1);
+}
+
+void StatisticsViewTest::aScrollBarLiesInTheMargin()
+{
+    const ThemeService theme;
+    StatisticsFixture fixture;
+    fixture.showSome();
+    QCoreApplication::processEvents();
+    const auto places = [&fixture] {
+        QList<QRect> rects;
+        for (const StatPanel* panel : fixture.view.findChildren<StatPanel*>())
+            rects << panel->geometry();
+        return rects;
+    };
+    const QList<QRect> tall = places();
+    QCOMPARE(tall.last().right() + 1, 1080 - 24);
+
+    fixture.view.resize(1080, 200);
+    QCoreApplication::processEvents();
+
+    QVERIFY(fixture.view.verticalScrollBar()->isVisible());
+    QCOMPARE(places(), tall);
+    fixture.view.verticalScrollBar()->setValue(0);
+    const QImage picture = fixture.view.grab().toImage();
+    QCOMPARE(picture.pixelColor(1079, 198), currentTheme().canvas);
 }
 
 REELHOUSE_TEST(StatisticsViewTest)
