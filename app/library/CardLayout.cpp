@@ -35,9 +35,30 @@ QFont openedFont()
     return font;
 }
 
+int titleHeight()
+{
+    return QFontMetrics(fontOf(TextStyle::CardTitle)).height() + 5;
+}
+
+int brandHeight()
+{
+    return QFontMetrics(fontOf(TextStyle::Callout)).height() + 2;
+}
+
+int rangeHeight()
+{
+    return QFontMetrics(fontOf(TextStyle::Caption)).height() + 1;
+}
+
 int lineHeight(const QFont& font)
 {
     return std::max(QFontMetrics(font).height(), lineSymbol) + 3;
+}
+
+/// Of the place, and of the notes.
+int noteHeight()
+{
+    return lineHeight(fontOf(TextStyle::Caption)) + 1;
 }
 
 int countsTop(const QRect& card, Counts counts)
@@ -99,10 +120,8 @@ int height(Counts counts)
 {
     const QRect card(0, 0, 0, 0); // Only its bottom counts.
     const int belowSeparator = card.bottom() - countsTop(card, counts) + partGap;
-    return field + topPadding + QFontMetrics(fontOf(TextStyle::CardTitle)).height() + 3
-        + QFontMetrics(fontOf(TextStyle::Callout)).height()
-        + QFontMetrics(fontOf(TextStyle::Caption)).height() + partGap
-        + 2 * lineHeight(fontOf(TextStyle::Caption)) + partGap + 1 + belowSeparator;
+    return field + topPadding + titleHeight() + brandHeight() + rangeHeight() + partGap
+        + 2 * noteHeight() + partGap + 1 + belowSeparator;
 }
 
 bool countsFit(const Filament& filament, int cardWidth)
@@ -136,26 +155,25 @@ std::vector<CellPiece> pieces(const Filament& filament, const QRect& card, Count
     const ColorRole typeColor = filament.type() ? &Theme::textPrimary : &Theme::textTertiary;
     const ColorRole typeSymbolColor
         = filament.type() ? &Theme::textSecondary : &Theme::textTertiary;
-    addLine(pieces, nextLine(QFontMetrics(titleFont).height() + 3),
-        FilamentTexts::typeIconName(filament), typeSymbol, typeSymbolColor,
-        FilamentTexts::typeName(filament), titleFont, typeColor, filament.type() ? 0 : notSearched);
-    pieces.push_back(
-        {nextLine(QFontMetrics(brandFont).height()), FilamentTexts::brandName(filament), {},
-            brandFont, filament.brand() ? &Theme::textPrimary : &Theme::textTertiary,
-            filament.brand() ? 0 : notSearched});
-    const QRect rangeLine = nextLine(QFontMetrics(captionFont).height());
+    addLine(pieces, nextLine(titleHeight()), FilamentTexts::typeIconName(filament), typeSymbol,
+        typeSymbolColor, FilamentTexts::typeName(filament), titleFont, typeColor,
+        filament.type() ? 0 : notSearched);
+    pieces.push_back({nextLine(brandHeight()), FilamentTexts::brandName(filament), {}, brandFont,
+        filament.brand() ? &Theme::textPrimary : &Theme::textTertiary,
+        filament.brand() ? 0 : notSearched});
+    const QRect rangeLine = nextLine(rangeHeight());
     if (filament.range())
         pieces.push_back(
             {rangeLine, filament.range()->name(), {}, captionFont, &Theme::textSecondary, 0});
     top += partGap;
-    addLine(pieces, nextLine(lineHeight(captionFont)), u"map.fill"_s, lineSymbol,
-        &Theme::textSecondary, FilamentTexts::place(filament), captionFont,
+    addLine(pieces, nextLine(noteHeight()), u"map.fill"_s, lineSymbol, &Theme::textSecondary,
+        FilamentTexts::place(filament), captionFont,
         filament.location() ? &Theme::textSecondary : &Theme::textTertiary,
         filament.location() ? 0 : notSearched);
     const QString notes = FilamentTexts::notesOnOneLine(filament);
     if (!notes.isEmpty())
-        addLine(pieces, nextLine(lineHeight(captionFont)), u"note.text"_s, lineSymbol,
-            &Theme::textSecondary, notes, captionFont, &Theme::textSecondary, 0);
+        addLine(pieces, nextLine(noteHeight()), u"note.text"_s, lineSymbol, &Theme::textSecondary,
+            notes, captionFont, &Theme::textSecondary, 0);
     addCounts(pieces, filament, card, counts);
     return pieces;
 }

@@ -18,6 +18,8 @@ namespace reelhouse::RowLayout {
 namespace {
 
 constexpr int symbolGap = 5;
+constexpr int captionGap = 2; ///< Between a line and the smaller one below.
+constexpr int codeGap = 3;
 constexpr int spoolsLeft = cellPadding + 2;
 constexpr int spoolsStart = spoolsLeft + symbol + 6; ///< Of the count, after its symbol.
 constexpr int countGap = 8;
@@ -29,13 +31,13 @@ struct TwoLines {
     QRect second;
 };
 
-TwoLines twoLines(const QRect& cell, const QFont& firstFont, const QFont& secondFont)
+TwoLines twoLines(const QRect& cell, const QFont& firstFont, const QFont& secondFont, int gap)
 {
     const int firstHeight = QFontMetrics(firstFont).height();
     const int secondHeight = QFontMetrics(secondFont).height();
-    const int top = cell.top() + (cell.height() - firstHeight - secondHeight) / 2;
+    const int top = cell.top() + (cell.height() - firstHeight - gap - secondHeight) / 2;
     return {{cell.left(), top, cell.width(), firstHeight},
-        {cell.left(), top + firstHeight, cell.width(), secondHeight}};
+        {cell.left(), top + firstHeight + gap, cell.width(), secondHeight}};
 }
 
 QRect leftSquare(const QRect& line, int size)
@@ -53,7 +55,7 @@ std::vector<CellPiece> productPieces(const Filament& filament, const QRect& cell
     const QFont nameFont = fontOf(TextStyle::Count);
     const QFont captionFont = fontOf(TextStyle::Caption);
     const auto [first, second]
-        = twoLines(cell.adjusted(textStart, 0, -cellPadding, 0), nameFont, captionFont);
+        = twoLines(cell.adjusted(textStart, 0, -cellPadding, 0), nameFont, captionFont, captionGap);
     const ColorRole nameColor = filament.type() ? &Theme::textPrimary : faint(isSelected);
     const ColorRole symbolColor = filament.type() ? &Theme::textSecondary : faint(isSelected);
     const ColorRole brandColor = filament.brand() ? &Theme::textSecondary : faint(isSelected);
@@ -97,7 +99,7 @@ std::vector<CellPiece> colorPieces(const Filament& filament, const QRect& cell, 
     const QFont nameFont = fontOf(TextStyle::Body);
     const QFont codeFont = fontOf(TextStyle::Code);
     const auto [first, second]
-        = twoLines(cell.adjusted(cellPadding, 0, -cellPadding, 0), nameFont, codeFont);
+        = twoLines(cell.adjusted(cellPadding, 0, -cellPadding, 0), nameFont, codeFont, codeGap);
     const bool hasName = !filament.colorName().isEmpty();
     return {
         {first, FilamentTexts::colorName(filament), {}, nameFont,

@@ -28,6 +28,7 @@ private slots:
     void columnsShareTheWidth();
     void noTitleIsCut();
     void countsAndPlacesAreWholeInLargeFonts();
+    void theTwoLinesOfACellStandApart();
     void aScrollBarMovesNoRow();
     void aDraggedColumnKeepsItsWidth();
     void plusAndMinusChangeTheCount();
@@ -145,6 +146,31 @@ void ListViewTest::countsAndPlacesAreWholeInLargeFonts()
         }
     }
     QApplication::setFont(usual);
+}
+
+void ListViewTest::theTwoLinesOfACellStandApart()
+{
+    ListViewFixture fixture(1);
+    const QRect cell = fixture.cell(0, 0);
+    const auto linesOf = [&](FilamentTableModel::Column column) {
+        QList<QRect> lines;
+        for (const CellPiece& piece : RowLayout::pieces(fixture.filament(0), column, cell, false)) {
+            if (!piece.text.isEmpty())
+                lines << piece.rect;
+        }
+        return lines;
+    };
+    const std::pair<FilamentTableModel::Column, int> gaps[]
+        = {{FilamentTableModel::Product, 2}, {FilamentTableModel::ColorName, 3}};
+    for (const auto& [column, gap] : gaps) {
+        const QList<QRect> lines = linesOf(column);
+        QCOMPARE(lines.size(), 2);
+        QCOMPARE(lines.at(1).top() - (lines.at(0).bottom() + 1), gap);
+        // Both together stand in the middle of the row.
+        const int above = lines.at(0).top() - cell.top();
+        const int below = cell.bottom() - lines.at(1).bottom();
+        QVERIFY(std::abs(above - below) <= 1);
+    }
 }
 
 void ListViewTest::aScrollBarMovesNoRow()
