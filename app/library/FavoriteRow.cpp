@@ -138,8 +138,10 @@ QWidget* FavoriteRow::makeRenamingPart()
     auto* cancel = new QPushButton(u"Annuler"_s, part);
     m_confirmButton = new QPushButton(u"Renommer"_s, part);
     setButtonLook(m_confirmButton, ButtonLook::Default);
-    for (QPushButton* button : {cancel, m_confirmButton})
+    for (QPushButton* button : {cancel, m_confirmButton}) {
         button->setAutoDefault(false);
+        setSmallButton(button);
+    }
     m_error = new QLabel(part);
     setTextStyle(m_error, TextStyle::Caption);
     setTextTone(m_error, TextTone::Red);

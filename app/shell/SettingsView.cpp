@@ -45,7 +45,7 @@ QWidget* buttonLine(const QList<QPushButton*>& buttons)
 {
     auto* line = new QWidget;
     auto* row = new QHBoxLayout(line);
-    row->setContentsMargins(0, 3, 0, 3);
+    row->setContentsMargins(0, 4, 0, 4);
     row->setSpacing(8);
     for (QPushButton* button : buttons)
         row->addWidget(button);
@@ -148,6 +148,7 @@ void SettingsView::addBackupGroup()
 void SettingsView::addStoreGroup()
 {
     auto* path = new PathLabel(m_container.storeFile());
+    setTextTone(path, TextTone::Secondary);
     auto* show = new QPushButton(symbolIcon(u"folder"_s, &Theme::textPrimary), {});
     show->setAccessibleName(u"Afficher dans le gestionnaire de fichiers"_s);
     show->setToolTip(show->accessibleName());
@@ -197,8 +198,11 @@ void SettingsView::addButtons()
     buttonRow()->addStretch(1);
     buttonRow()->addWidget(cancel);
     buttonRow()->addWidget(save);
-    for (QPushButton* button : findChildren<QPushButton*>())
+    for (QPushButton* button : findChildren<QPushButton*>()) {
         button->setAutoDefault(false);
+        if (button != cancel && button != save)
+            setSmallButton(button);
+    }
     setConfirmButton(save);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(save, &QPushButton::clicked, this, &QDialog::accept);

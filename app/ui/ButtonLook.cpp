@@ -7,6 +7,7 @@ namespace reelhouse {
 namespace {
 
 constexpr const char* lookProperty = "buttonLook";
+constexpr const char* smallProperty = "smallButton";
 
 } // namespace
 
@@ -16,6 +17,17 @@ void setButtonLook(QAbstractButton* button, ButtonLook look)
     button->setAttribute(Qt::WA_Hover);
     button->updateGeometry();
     button->update();
+}
+
+void setSmallButton(QAbstractButton* button)
+{
+    button->setProperty(smallProperty, true);
+    button->updateGeometry();
+}
+
+bool isSmallButton(const QWidget* widget)
+{
+    return widget != nullptr && widget->property(smallProperty).toBool();
 }
 
 ButtonLook buttonLook(const QWidget* widget)

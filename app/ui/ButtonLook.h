@@ -18,6 +18,10 @@ enum class ButtonLook {
 /// Gives `button` a look. The icon keeps its own colour role: `&Theme::onAccent` on a filled one.
 void setButtonLook(QAbstractButton* button, ButtonLook look);
 
+/// Makes `button` as high as the other controls in a form, and smaller than one that stands alone.
+void setSmallButton(QAbstractButton* button);
+bool isSmallButton(const QWidget* widget);
+
 /// The look given to a button; `Normal` for every other widget, and for none.
 ButtonLook buttonLook(const QWidget* widget);
 

@@ -23,6 +23,7 @@ constexpr int padding = 14;
 constexpr int linkPadding = 8;
 constexpr int iconGap = 8;
 constexpr int controlHeight = 32;
+constexpr int smallHeight = 28;
 constexpr int linkHeight = 30; // As a capsule: it comes and goes beside them.
 constexpr qreal radius = 8;
 constexpr qreal boxRadius = 5;
@@ -115,7 +116,8 @@ QSize pushButtonSize(const QStyleOptionButton& option, const QWidget* widget)
 {
     const QFontMetrics metrics(labelFont(widget));
     const bool isLink = buttonLook(widget) == ButtonLook::Link;
-    const int height = std::max(isLink ? linkHeight : controlHeight, metrics.height() + 12);
+    const int least = isLink ? linkHeight : isSmallButton(widget) ? smallHeight : controlHeight;
+    const int height = std::max(least, metrics.height() + 12);
     if (option.text.isEmpty())
         return {height, height};
 

@@ -3,6 +3,7 @@
 #include "app/ui/ButtonPainting.h"
 #include "app/ui/Compositing.h"
 #include "app/ui/FocusRing.h"
+#include "app/ui/FormGroup.h"
 #include "app/ui/InputPainting.h"
 #include "app/ui/InputState.h"
 #include "app/ui/MenuPainting.h"
@@ -30,7 +31,8 @@ namespace {
 constexpr int boxGap = 10;
 using ButtonPainting::boxInset;
 constexpr int fieldPadding = 10;
-constexpr int fieldHeight = 28;
+constexpr int fieldHeight = 32;
+constexpr int formFieldHeight = 28;
 constexpr int comboPadding = 12;
 constexpr int comboArrow = 28;
 constexpr int comboIconGap = 8;
@@ -41,6 +43,16 @@ const Option& optionAs(const QStyleOption* option)
     const auto* narrowed = qstyleoption_cast<const Option*>(option);
     Q_ASSERT(narrowed != nullptr);
     return *narrowed;
+}
+
+/// The height of a text field or a picker.
+int inputHeight(const QStyleOption& option, const QWidget* widget)
+{
+    bool isInForm = false;
+    for (const QWidget* around = widget; around != nullptr && !isInForm;
+         around = around->parentWidget())
+        isInForm = qobject_cast<const FormGroup*>(around) != nullptr;
+    return std::max(isInForm ? formFieldHeight : fieldHeight, option.fontMetrics.height() + 12);
 }
 
 bool isPopup(const QWidget* widget)
@@ -296,11 +308,10 @@ QSize SpoolwrightStyle::sizeFromContents(ContentsType type, const QStyleOption* 
     case CT_MenuBarItem:
         return contents + QSize(20, 10);
     case CT_LineEdit:
-        return {contents.width() + 2 * fieldPadding,
-            std::max(fieldHeight, option->fontMetrics.height() + 12)};
+        return {contents.width() + 2 * fieldPadding, inputHeight(*option, widget)};
     case CT_ComboBox:
         return {contents.width() + comboPadding + comboIconGap + comboArrow,
-            std::max(fieldHeight, option->fontMetrics.height() + 12)};
+            inputHeight(*option, widget)};
     case CT_HeaderSection:
         return ViewPainting::headerSize(optionAs<QStyleOptionHeader>(option));
     default:

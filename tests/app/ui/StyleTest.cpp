@@ -1,5 +1,6 @@
 #include "app/ui/ButtonLook.h"
 #include "app/ui/FocusRing.h"
+#include "app/ui/FormGroup.h"
 #include "app/ui/InputState.h"
 #include "app/ui/SpoolwrightStyle.h"
 #include "app/ui/Symbol.h"
@@ -42,6 +43,7 @@ private slots:
     void aCheckedEntryIsTicked();
     void buttonsAreAtLeast32High_data();
     void buttonsAreAtLeast32High();
+    void controlsInFormsAreSmaller();
     void aButtonNeverCutsItsText();
     void theFocusRingIsForTheKeyboard_data();
     void theFocusRingIsForTheKeyboard();
@@ -257,6 +259,28 @@ void StyleTest::buttonsAreAtLeast32High()
 
     const int textHeight = QFontMetrics(font).height();
     QCOMPARE(button.sizeHint().height(), textHeight + 12 > 32 ? textHeight + 12 : 32);
+}
+
+void StyleTest::controlsInFormsAreSmaller()
+{
+    QFont font = QApplication::font();
+    font.setPointSizeF(6); // Its text needs less than either height.
+    const auto heightOf = [&font](QWidget& control) {
+        control.setFont(font);
+        return control.sizeHint().height();
+    };
+    QPushButton button(u"Ajouter"_s);
+    QPushButton small(u"Purger maintenant"_s);
+    setSmallButton(&small);
+    QLineEdit field;
+    FormGroup form;
+    auto* fieldInForm = new QLineEdit;
+    form.addRow(u"Nom de la couleur"_s, fieldInForm);
+
+    QCOMPARE(heightOf(button), 32);
+    QCOMPARE(heightOf(small), 28);
+    QCOMPARE(heightOf(field), 32);
+    QCOMPARE(heightOf(*fieldInForm), 28);
 }
 
 void StyleTest::aButtonNeverCutsItsText()
