@@ -105,6 +105,7 @@ Picker::Picker(const QString& none, QWidget* parent)
         list->setUniformItemSizes(true);
         list->setTextElideMode(Qt::ElideRight);
     }
+    view()->window()->installEventFilter(this);
     setFrame(false);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
@@ -159,6 +160,17 @@ void Picker::showPopup()
         widest = std::max(widest, metrics.horizontalAdvance(name) + popupRowExtra);
     view()->setMinimumWidth(std::min(widest, std::max(widestPopup, width())));
     QComboBox::showPopup();
+}
+
+bool Picker::eventFilter(QObject* watched, QEvent* event)
+{
+    // A wider list ends where the picker does, and not beyond the edge of its sheet.
+    if (watched == view()->window() && event->type() == QEvent::Show && isLeftToRight()) {
+        QWidget* popup = view()->window();
+        const int end = mapToGlobal(rect().topRight()).x() + 1;
+        popup->move(std::max(end - popup->width(), screen()->geometry().left()), popup->y());
+    }
+    return QComboBox::eventFilter(watched, event);
 }
 
 QRect Picker::textRect() const

@@ -31,6 +31,7 @@ private slots:
     void thousandsOfEntriesOpen();
     void theOpenListIsAsWideAsItsNames_data();
     void theOpenListIsAsWideAsItsNames();
+    void aWiderListEndsWhereThePickerDoes();
     void oddNamesStayOnOneLine();
 };
 
@@ -249,6 +250,21 @@ void PickerTest::theOpenListIsAsWideAsItsNames()
     const int list = fixture.picker.view()->width();
     const int name = fixture.picker.view()->fontMetrics().horizontalAdvance(longName);
     QCOMPARE(list > name, fits);
+    fixture.picker.hidePopup();
+}
+
+void PickerTest::aWiderListEndsWhereThePickerDoes()
+{
+    PickerFixture fixture;
+    fixture.picker.resize(120, 28);
+    fixture.picker.move(400, 100);
+    fixture.picker.setEntries({{1, u"Boîte du sous-sol, rayon de gauche"_s, {}}});
+
+    fixture.picker.showPopup();
+
+    const QRect list = fixture.picker.view()->window()->geometry();
+    QVERIFY(list.width() > 120);
+    QCOMPARE(list.right(), fixture.picker.mapToGlobal(fixture.picker.rect().topRight()).x());
     fixture.picker.hidePopup();
 }
 
