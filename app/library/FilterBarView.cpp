@@ -70,7 +70,7 @@ FilterBarView::FilterBarView(
     m_favoritesMenu = new FavoritesMenu(favorites, m_star);
     m_star->setMenu(m_favoritesMenu);
     m_resultCount = new QLabel(this);
-    setTextStyle(m_resultCount, TextStyle::Callout);
+    setTextStyle(m_resultCount, TextStyle::Caption);
     setTextTone(m_resultCount, TextTone::Secondary);
     for (QWidget* widget :
         std::initializer_list<QWidget*>{m_searchField, m_reset, m_star, m_resultCount})

@@ -33,7 +33,9 @@ LibraryToolbar::LibraryToolbar(QWidget* parent)
     add->setToolTip(addFilamentText());
     connect(add, &QPushButton::clicked, this, &LibraryToolbar::additionRequested);
 
-    auto* print = new QPushButton(symbolIcon(u"printer"_s), u"Imprimer"_s, this);
+    auto* print
+        = new QPushButton(symbolIcon(u"printer"_s, &Theme::textPrimary), u"Imprimer"_s, this);
+    print->setIconSize({16, 16});
     print->setToolTip(u"Imprimer la liste du stock"_s);
     connect(print, &QPushButton::clicked, this, &LibraryToolbar::printRequested);
 

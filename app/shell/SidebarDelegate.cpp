@@ -15,6 +15,7 @@ namespace {
 constexpr int rowHeight = 32;
 constexpr int rowGap = 1;
 constexpr int symbolSize = 16;
+constexpr int starSize = 14;
 constexpr int innerPadding = 10;
 constexpr int symbolGap = 10;
 constexpr qreal rowRadius = 8;
@@ -93,9 +94,10 @@ void SidebarDelegate::paint(
             && option.widget->window()->testAttribute(Qt::WA_KeyboardFocusChange))
             paintFocusRing(*painter, row, rowRadius, isSelected ? theme.accentText : theme.accent);
         const bool isCommand = entryOf(index) == SidebarEntry::Command;
-        QRect symbolRect(0, 0, symbolSize, symbolSize);
+        const int side = entryOf(index) == SidebarEntry::Favorite ? starSize : symbolSize;
+        QRect symbolRect(0, 0, side, side);
         symbolRect.moveCenter(row.center());
-        symbolRect.moveLeft(row.left() + innerPadding);
+        symbolRect.moveLeft(row.left() + innerPadding + (symbolSize - side) / 2);
         const bool isActive = isSelected || index.data(SidebarRole::isInUse).toBool();
         paintSymbol(*painter, symbolRect, index.data(SidebarRole::symbol).toString(),
             isActive ? theme.accentText : theme.textSecondary);

@@ -15,7 +15,7 @@ namespace reelhouse {
 namespace {
 
 constexpr QSize segmentSize(40, 28);
-constexpr int segmentIconSide = 15;
+constexpr int segmentIconSide = 16;
 constexpr int trackPadding = 2;
 constexpr qreal trackRadius = 8;
 constexpr qreal segmentRadius = 7;

@@ -285,8 +285,7 @@ void Stepper::paintButton(QPainter& painter, Button button) const
     symbol.moveCenter(QRectF(rect).center());
     const QColor ink
         = isUsable || !isEnabled() ? theme.textPrimary : faded(theme.textPrimary, disabledOpacity);
-    paintSymbol(
-        painter, symbol, button == Button::Plus ? u"stepper.plus"_s : u"stepper.minus"_s, ink);
+    paintSymbol(painter, symbol, button == Button::Plus ? u"plus"_s : u"stepper.minus"_s, ink);
     painter.restore();
 }
 

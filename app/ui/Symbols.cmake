@@ -59,7 +59,6 @@ set(PACKAGED_SYMBOLS
     chevron.down=chevron-down
     chevron.expand=chevron-expand
     stepper.minus=dash
-    stepper.plus=plus
     folder=folder
     grip=grip-vertical
     reset=x-lg

@@ -49,8 +49,7 @@ const QStringList& symbolNames()
         u"square.stack.3d.up.fill"_s, u"square.and.arrow.up"_s, u"square.and.arrow.down"_s,
         u"doc.richtext"_s, u"globe"_s, u"envelope"_s, u"exclamationmark.triangle.fill"_s,
         u"view.list"_s, u"view.cards"_s, u"view.statistics"_s, u"chevron.down"_s,
-        u"chevron.expand"_s, u"stepper.minus"_s, u"stepper.plus"_s, u"folder"_s, u"grip"_s,
-        u"reset"_s};
+        u"chevron.expand"_s, u"stepper.minus"_s, u"folder"_s, u"grip"_s, u"reset"_s};
     return names;
 }
 
