@@ -68,14 +68,19 @@ void writePlainly(const QByteArray& bytes, const QByteArray& temporary, const QB
 void encodeAndWrite(benchmark::State& state, StoreWorkplace& workplace)
 {
     const auto stock = openStock(workplace.stockOf(int(state.range())));
-    const QString path = workplace.filePath(u"document.json"_s);
+    const QString name = u"document.json"_s;
+    const QString path = workplace.filePath(name);
+    const QString folder = QFileInfo(path).path();
     const auto ours = [&] {
+        DurableFiles::remove(path);
         return secondsOf([&] {
-            if (DurableFiles::write(path, documentOf(stock->context())))
+            const auto nameOf = [&](int) { return name; };
+            if (!DurableFiles::write(folder, nameOf, documentOf(stock->context())))
                 qFatal("The document cannot be written.");
         });
     };
     const auto floor = [&] {
+        DurableFiles::remove(path);
         return secondsOf([&] {
             writePlainly(plainDocument(stock->context()),
                 QFile::encodeName(workplace.filePath(u"plain.new"_s)), QFile::encodeName(path));

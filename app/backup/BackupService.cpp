@@ -19,24 +19,9 @@ std::filesystem::path systemPath(const QString& path)
     return QFile::encodeName(path).toStdString();
 }
 
-QString freeName(const QString& folder, QDateTime moment)
+QString nameAfter(const QDateTime& moment)
 {
-    while (true) {
-        QString path
-            = folder + u"/sauvegarde_"_s + moment.toString(u"yyyy-MM-dd_HHmmss_zzz"_s) + u".json"_s;
-        if (!DurableFiles::isTaken(path))
-            return path;
-        moment = moment.addMSecs(1);
-    }
-}
-
-void prune(const QString& folder, int keep, const QString& spared)
-{
-    const auto backups = BackupFolder::list(systemPath(folder));
-    for (const auto& path : BackupFolder::superfluous(backups, keep, systemPath(spared))) {
-        std::error_code passedOver;
-        std::filesystem::remove(path, passedOver);
-    }
+    return u"sauvegarde_"_s + moment.toString(u"yyyy-MM-dd_HHmmss_zzz"_s) + u".json"_s;
 }
 
 } // namespace
@@ -46,8 +31,8 @@ QString BackupService::backupFolder(const StoreContainer& store)
     return QFileInfo(store.storeFile()).path() + u"/Backups"_s;
 }
 
-Result<std::optional<QString>, BackupError> BackupService::performBackup(
-    StoreContainer& store, int keep, const QDateTime& now)
+Result<std::optional<QString>, BackupError> BackupService::writeBackup(
+    StoreContainer& store, const QDateTime& now)
 {
     if (store.usesMemoryStore())
         return std::optional<QString>();
@@ -61,16 +46,29 @@ Result<std::optional<QString>, BackupError> BackupService::performBackup(
     };
     if (const auto error = DurableFiles::makeFolder(folder))
         return failed(*error);
-    const QString path = freeName(folder, now);
-    if (const auto error = DurableFiles::write(path, *document))
-        return failed(*error);
-    prune(folder, keep, path);
-    return std::optional(path);
+    const auto nameOf = [&now](int attempt) { return nameAfter(now.addMSecs(attempt)); };
+    const auto path = DurableFiles::write(folder, nameOf, *document);
+    if (!path)
+        return failed(path.error());
+    return std::optional(path.value());
 }
 
-void BackupService::pruneBackups(const StoreContainer& store, int keep)
+Result<std::optional<QString>, BackupError> BackupService::performBackup(
+    StoreContainer& store, int keep, const QDateTime& now)
 {
-    prune(backupFolder(store), keep, {});
+    auto path = writeBackup(store, now);
+    if (path && path.value())
+        pruneBackups(store, keep, *path.value());
+    return path;
+}
+
+void BackupService::pruneBackups(const StoreContainer& store, int keep, const QString& spared)
+{
+    const auto backups = BackupFolder::list(systemPath(backupFolder(store)));
+    for (const auto& path : BackupFolder::superfluous(backups, keep, systemPath(spared))) {
+        std::error_code passedOver;
+        std::filesystem::remove(path, passedOver);
+    }
 }
 
 int BackupService::storedBackupCount(const StoreContainer& store)

@@ -67,6 +67,15 @@ std::optional<SystemError> copyAndSync(const QString& from, const QString& to)
     return target.sync();
 }
 
+/// Why the name cannot be given to a file: something has it (EEXIST), or the system cannot say.
+std::optional<SystemError> obstacleAt(const QString& path)
+{
+    struct stat status {};
+    if (::lstat(QFile::encodeName(path).constData(), &status) == 0)
+        return SystemError{EEXIST};
+    return errno == ENOENT || errno == ENOTDIR ? std::nullopt : std::optional(lastSystemError());
+}
+
 std::optional<SystemError> writeAndSync(const QString& path, QByteArrayView bytes)
 {
     if (const auto error = remove(path))
@@ -83,10 +92,7 @@ std::optional<SystemError> writeAndSync(const QString& path, QByteArrayView byte
 
 bool isTaken(const QString& path)
 {
-    struct stat status {};
-    // What cannot be looked at may be there.
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0
-        || (errno != ENOENT && errno != ENOTDIR);
+    return obstacleAt(path).has_value();
 }
 
 std::optional<SystemError> copy(const QString& from, const QString& to)
@@ -99,15 +105,22 @@ std::optional<SystemError> copy(const QString& from, const QString& to)
     return error;
 }
 
-std::optional<SystemError> write(const QString& path, QByteArrayView bytes)
+Result<QString, SystemError> write(
+    const QString& folder, const std::function<QString(int attempt)>& nameOf, QByteArrayView bytes)
 {
-    const QString temporary = QFileInfo(path).path() + u"/.Spoolwright.new"_s;
-    auto error = writeAndSync(temporary, bytes);
-    if (!error)
-        error = rename(temporary, path);
-    if (error)
-        remove(temporary); // The first error is the one to report.
-    return error;
+    const QString draft = folder + u"/.Spoolwright.new"_s;
+    auto error = writeAndSync(draft, bytes);
+    QString path;
+    for (int attempt = 0; !error; ++attempt) {
+        path = folder + u'/' + nameOf(attempt);
+        error = renameToFreeName(draft, path);
+        if (!error)
+            return path;
+        if (error->code == EEXIST)
+            error.reset();
+    }
+    remove(draft); // The first error is the one to report.
+    return Failure{*error};
 }
 
 std::optional<SystemError> makeFolder(const QString& path)
@@ -125,13 +138,6 @@ std::optional<SystemError> makeFolder(const QString& path)
                                                                    : lastSystemError();
 }
 
-std::optional<SystemError> rename(const QString& from, const QString& to)
-{
-    const int result
-        = ::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData());
-    return result == 0 ? syncFolderOf(to) : lastSystemError();
-}
-
 std::optional<SystemError> renameToFreeName(const QString& from, const QString& to)
 {
     const QByteArray former = QFile::encodeName(from);
@@ -142,7 +148,10 @@ std::optional<SystemError> renameToFreeName(const QString& from, const QString& 
     if (errno != EINVAL && errno != ENOSYS)
         return lastSystemError();
     // A file system that cannot do it in one step.
-    return isTaken(to) ? std::optional(SystemError{EEXIST}) : rename(from, to);
+    if (const auto obstacle = obstacleAt(to))
+        return obstacle;
+    return ::rename(former.constData(), name.constData()) == 0 ? syncFolderOf(to)
+                                                               : lastSystemError();
 }
 
 std::optional<SystemError> remove(const QString& path)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "app/store/SystemErrors.h"
+#include "core/Result.h"
 
 #include <QtCore/QByteArrayView>
+
+#include <functional>
 
 /// File operations that have reached the disk when they return.
 namespace reelhouse::DurableFiles {
@@ -15,16 +18,15 @@ bool isTaken(const QString& path);
 /// ordinary file of the user's; `from` is only read. After an error nothing is left at `to`.
 std::optional<SystemError> copy(const QString& from, const QString& to);
 
-/// Writes a file of that name, whole or not at all: until every byte has reached the disk under
-/// another name in the same folder, `path` is what it was. That name is always the same, so a crash
-/// leaves one file at most; the folder is written into by one caller at a time.
-std::optional<SystemError> write(const QString& path, QByteArrayView bytes);
+/// Writes a file into `folder`, whole or not at all, under the first name of nameOf(0), nameOf(1),
+/// … that nothing has, and returns its path. Until every byte has reached the disk the file has a
+/// name of its own there, always the same, so a crash leaves one at most; the folder is written
+/// into by one caller at a time.
+Result<QString, SystemError> write(
+    const QString& folder, const std::function<QString(int attempt)>& nameOf, QByteArrayView bytes);
 
 /// Makes the folder and those above it, unless they exist.
 std::optional<SystemError> makeFolder(const QString& path);
-
-/// Gives `from` the name `to` in the same folder, replacing what had it.
-std::optional<SystemError> rename(const QString& from, const QString& to);
 
 /// Gives `from` the name `to` in the same folder; an error (EEXIST) when something has that name.
 std::optional<SystemError> renameToFreeName(const QString& from, const QString& to);

@@ -352,33 +352,39 @@ void BackupServiceTest::aMissingFolderHoldsNothing()
 
 void BackupServiceTest::aFailedBackupSaysWhyAndDeletesNothing_data()
 {
-    QTest::addColumn<QString>("obstacle");
+    // Of the folder; nothing where a file stands in its place.
+    QTest::addColumn<std::optional<QFile::Permissions>>("permissions");
     QTest::addColumn<QString>("expected");
 
     QTest::newRow("a file where the folder should be")
-        << u"fichier"_s
+        << std::optional<QFile::Permissions>()
         << u"La sauvegarde n'a pas pu être écrite : Un fichier se trouve à la place d'un dossier."_s;
+    const QString refused = u"La sauvegarde n'a pas pu être écrite : L'accès est refusé."_s;
     QTest::newRow("a folder that is read-only")
-        << u"lecture seule"_s << u"La sauvegarde n'a pas pu être écrite : L'accès est refusé."_s;
+        << std::optional(QFile::ReadOwner | QFile::ExeOwner) << refused;
+    QTest::newRow("a folder that can be listed and not searched")
+        << std::optional<QFile::Permissions>(QFile::ReadOwner) << refused;
+    QTest::newRow("a folder that is closed")
+        << std::optional<QFile::Permissions>(QFile::Permissions()) << refused;
 }
 
 void BackupServiceTest::aFailedBackupSaysWhyAndDeletesNothing()
 {
-    QFETCH(QString, obstacle);
+    QFETCH(std::optional<QFile::Permissions>, permissions);
     QFETCH(QString, expected);
     const BackupFixture fixture;
     QFile folder(fixture.backupFolder());
-    if (obstacle == u"fichier") {
+    if (permissions) {
+        makeBackups(fixture, numberedNames(3));
+    } else {
         QDir().mkpath(fixture.folder.filePath(u"Spoolwright"_s));
         BackupFixture::writeFile(fixture.backupFolder(), "pas un dossier");
-    } else {
-        makeBackups(fixture, numberedNames(3));
     }
     const QStringList before = fixture.entries();
     {
         const OrdinaryUser user(QFile::encodeName(fixture.folder.path()));
-        if (obstacle != u"fichier")
-            QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+        if (permissions)
+            QVERIFY(folder.setPermissions(*permissions));
 
         const auto written = BackupService::performBackup(*fixture.stock, 1);
 

@@ -99,7 +99,7 @@ void KilledTransferTest::aTransferKilledAtAWriteLeavesOldOrNew_data()
     QTest::addColumn<bool>("imports");
 
     for (const char* call :
-        {"write", "fsync", "rename", "unlink", "pwrite64", "fdatasync", "ftruncate"}) {
+        {"write", "fsync", "renameat2", "unlink", "pwrite64", "fdatasync", "ftruncate"}) {
         const QString name = QLatin1StringView(call);
         QTest::addRow("a backup at %s", call) << name << false;
         QTest::addRow("an import at %s", call) << name << true;

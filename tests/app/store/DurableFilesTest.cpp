@@ -25,15 +25,16 @@ private slots:
     void init();
     void aFileIsWrittenWhole_data();
     void aFileIsWrittenWhole();
-    void nothingElseIsLeftBehind();
+    void whatHasTheNameStays();
     void whatACrashLeftIsReplaced();
     void aFolderThatCannotBeListedIsWrittenInto();
     void aFreeNameIsGivenAndATakenOneIsKept();
     void whatCannotBeLookedAtCountsAsTaken();
     void onAFullDiskTheFormerFileStays_data();
     void onAFullDiskTheFormerFileStays();
-    void aReadOnlyFolderIsLeftAlone();
-    void aKilledWriterLeavesOldOrNew();
+    void aFolderThatMayNotBeWrittenIsLeftAlone_data();
+    void aFolderThatMayNotBeWrittenIsLeftAlone();
+    void aKilledWriterLeavesWholeFiles();
     void foldersAreMadeWithThoseAbove();
     void whatIsNoFolderIsSaid();
     void aFileOfTheUserIsOverwrittenInPlace();
@@ -42,6 +43,14 @@ private slots:
 
 private:
     QString path() const { return m_folder->filePath(u"stock.json"_s); }
+    /// Writes "stock.json", or else "stock-1.json", or else …
+    Result<QString, SystemError> write(const QByteArray& bytes) const
+    {
+        const auto nameOf = [](int attempt) {
+            return attempt == 0 ? u"stock.json"_s : u"stock-%1.json"_s.arg(attempt);
+        };
+        return DurableFiles::write(m_folder->path(), nameOf, bytes);
+    }
     QStringList names() const
     {
         return QDir(m_folder->path())
@@ -82,19 +91,29 @@ void DurableFilesTest::aFileIsWrittenWhole_data()
 void DurableFilesTest::aFileIsWrittenWhole()
 {
     QFETCH(qsizetype, size);
-    writeBytes(path(), pattern(100, 'o'));
 
-    QCOMPARE(DurableFiles::write(path(), pattern(size, 'n')), std::nullopt);
+    const auto written = write(pattern(size, 'n'));
+
+    QVERIFY(written);
+    QCOMPARE(written.value(), path());
 
     QVERIFY(bytesOf(path()) == pattern(size, 'n'));
 }
 
-void DurableFilesTest::nothingElseIsLeftBehind()
+void DurableFilesTest::whatHasTheNameStays()
 {
-    DurableFiles::write(path(), "a");
-    DurableFiles::write(path(), "b");
+    writeBytes(path(), "a");
+    QCOMPARE(::symlink("nulle-part", QFile::encodeName(m_folder->filePath(u"stock-1.json"_s))), 0);
+    QVERIFY(QDir(m_folder->path()).mkdir(u"stock-2.json"_s));
 
-    QCOMPARE(names(), QStringList{u"stock.json"_s});
+    const auto written = write("b");
+
+    QVERIFY(written);
+    QCOMPARE(written.value(), m_folder->filePath(u"stock-3.json"_s));
+    QCOMPARE(bytesOf(path()), "a"_ba);
+    QCOMPARE(bytesOf(written.value()), "b"_ba);
+    QCOMPARE(names(),
+        (QStringList{u"stock-1.json"_s, u"stock-2.json"_s, u"stock-3.json"_s, u"stock.json"_s}));
 }
 
 void DurableFilesTest::whatACrashLeftIsReplaced()
@@ -103,7 +122,7 @@ void DurableFilesTest::whatACrashLeftIsReplaced()
     writeBytes(m_folder->filePath(u"ailleurs"_s), "à moi");
     QCOMPARE(::symlink("ailleurs", QFile::encodeName(leftOver)), 0);
 
-    QCOMPARE(DurableFiles::write(path(), "neuf"), std::nullopt);
+    QVERIFY(write("neuf"));
 
     QCOMPARE(bytesOf(path()), "neuf"_ba);
     QCOMPARE(bytesOf(m_folder->filePath(u"ailleurs"_s)), "à moi"_ba);
@@ -116,10 +135,10 @@ void DurableFilesTest::aFolderThatCannotBeListedIsWrittenInto()
     QFile folder(m_folder->path());
     QVERIFY(folder.setPermissions(QFile::WriteOwner | QFile::ExeOwner));
 
-    const auto error = DurableFiles::write(path(), "neuf");
+    const auto written = write("neuf");
     QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 
-    QCOMPARE(error, std::nullopt);
+    QVERIFY(written);
     QCOMPARE(bytesOf(path()), "neuf"_ba);
 }
 
@@ -164,55 +183,72 @@ void DurableFilesTest::onAFullDiskTheFormerFileStays()
 {
     QFETCH(int, kilobytes);
     const auto answer = onSmallDisk(m_folder->path(), kilobytes, [&] {
-        DurableFiles::write(path(), pattern(5000, 'o'));
-        const auto error = DurableFiles::write(path(), pattern(qsizetype{300} * 1024, 'n'));
+        write(pattern(5000, 'o'));
+        const auto written = write(pattern(qsizetype{300} * 1024, 'n'));
         const bool isFormer = bytesOf(path()) == pattern(5000, 'o');
-        const bool fitsAgain = !DurableFiles::write(path(), "petit");
-        return QStringList{QString::number(error ? error->code : 0),
+        const bool fitsAgain = write("petit").has_value();
+        return QStringList{QString::number(written ? 0 : written.error().code),
             isFormer ? u"former"_s : u"changed"_s, fitsAgain ? u"fits"_s : u"does not fit"_s,
             hiddenNames(m_folder->path()).join(u' ')};
     });
     if (!answer)
         QSKIP("This system does not let the user mount a disk.");
 
-    QCOMPARE(
-        *answer, (QStringList{QString::number(ENOSPC), u"former"_s, u"fits"_s, u"stock.json"_s}));
+    QCOMPARE(*answer,
+        (QStringList{
+            QString::number(ENOSPC), u"former"_s, u"fits"_s, u"stock-1.json stock.json"_s}));
 }
 
-void DurableFilesTest::aReadOnlyFolderIsLeftAlone()
+void DurableFilesTest::aFolderThatMayNotBeWrittenIsLeftAlone_data()
 {
+    QTest::addColumn<QFile::Permissions>("permissions");
+
+    QTest::newRow("read-only") << (QFile::ReadOwner | QFile::ExeOwner);
+    QTest::newRow("not to be searched") << (QFile::ReadOwner | QFile::WriteOwner);
+    QTest::newRow("closed") << QFile::Permissions();
+}
+
+void DurableFilesTest::aFolderThatMayNotBeWrittenIsLeftAlone()
+{
+    QFETCH(QFile::Permissions, permissions);
     writeBytes(path(), "ancien");
     const OrdinaryUser user(QFile::encodeName(m_folder->path()));
     QFile folder(m_folder->path());
-    QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
+    QVERIFY(folder.setPermissions(permissions));
 
-    const auto error = DurableFiles::write(path(), "neuf");
+    const auto written = write("neuf");
 
     QVERIFY(folder.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    QCOMPARE(error, std::optional(SystemError{EACCES}));
+    QVERIFY(!written);
+    QCOMPARE(written.error(), SystemError{EACCES});
     QCOMPARE(bytesOf(path()), "ancien"_ba);
     QCOMPARE(names(), QStringList{u"stock.json"_s});
 }
 
-void DurableFilesTest::aKilledWriterLeavesOldOrNew()
+void DurableFilesTest::aKilledWriterLeavesWholeFiles()
 {
     constexpr qsizetype size = 3'000'000;
-    writeBytes(path(), pattern(size, 'o'));
     const int wanted = qEnvironmentVariableIntValue("KILL_ROUNDS");
     for (int round = 0; round < std::max(wanted, 12); ++round) {
         OtherProcess other([&](const OtherProcess::Report& report) {
+            write(pattern(size, 'z'));
             report();
             for (char letter = 'a'; true; letter = letter == 'z' ? 'a' : char(letter + 1))
-                DurableFiles::write(path(), pattern(size, letter));
+                DurableFiles::remove(write(pattern(size, letter)).value());
         });
         other.waitForReport();
         ::usleep(unsigned(round) * 1700);
         other.kill();
 
-        const QByteArray found = bytesOf(path());
-        QCOMPARE(found.size(), size);
-        QCOMPARE(found.count(found[0]), size);
-        QVERIFY(names().size() <= 2);
+        const QStringList found = names().filter(u"stock"_s);
+        QVERIFY(!found.isEmpty());
+        for (const QString& name : found) {
+            const QByteArray bytes = bytesOf(m_folder->filePath(name));
+            QCOMPARE(bytes.size(), size);
+            QCOMPARE(bytes.count(bytes[0]), size);
+            QVERIFY(QFile::remove(m_folder->filePath(name)));
+        }
+        QVERIFY2(names().size() <= 1, qPrintable(names().join(u' ')));
     }
 }
 
