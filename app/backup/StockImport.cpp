@@ -24,11 +24,14 @@ Result<ExportData, QString> StockImport::readDocument(const QString& path)
 Result<std::optional<QString>, QString> StockImport::importIntoContext(
     StoreContainer& store, const ExportData& data, int keepBackups)
 {
-    auto backup = BackupService::performBackup(store, keepBackups);
+    auto backup = BackupService::writeBackup(store);
     if (!backup)
         return Failure{backup.error().description()};
     if (const auto error = StockDocument::replaceStock(store.context(), data))
         return Failure{error->description()};
+    // Only now: the document may come from the oldest backup, which was the one place where it was.
+    if (const auto& path = backup.value())
+        BackupService::pruneBackups(store, keepBackups, *path);
     return std::move(backup.value());
 }
 

@@ -33,6 +33,7 @@ private slots:
     void aFailedBackupChangesNothing();
     void theTemporaryStockIsReplacedWithoutABackup();
     void aFailedSaveIsToldAndTheContextHoldsTheNewStock();
+    void theImportedBackupStaysUntilItIsSaved();
     void theHistoryIsEmptied();
     void theScreensAreToldOnce();
     void filesAreReadOrRefused_data();
@@ -251,6 +252,35 @@ void StockImportTest::aFailedSaveIsToldAndTheContextHoldsTheNewStock()
     store.error = std::nullopt;
     QVERIFY(!context.save());
     QCOMPARE(store.commits, (QList<QStringList>{{u"-Brand 1"_s, u"+Filament 1"_s}}));
+}
+
+void StockImportTest::theImportedBackupStaysUntilItIsSaved()
+{
+    BackupFixture fixture;
+    auto recording = std::make_unique<RecordingStore>();
+    RecordingStore& store = *recording;
+    fixture.stock = std::move(
+        StoreContainer::load(std::move(recording), StoreKind::File, fixture.stock->storeFile())
+            .value());
+    QVERIFY(QDir().mkpath(fixture.backupFolder()));
+    const QString path = fixture.backupPath(u"ancien.json"_s);
+    BackupFixture::writeFile(path, oneFilament(u"Bleu"_s).encodeJSON().value());
+    const auto document = StockImport::readDocument(path);
+    QVERIFY(document);
+
+    store.error = StoreError{u"Le disque est plein."_s};
+    const auto failed = StockImport::importIntoContext(*fixture.stock, document.value(), 1);
+
+    QVERIFY(!failed);
+    QCOMPARE(failed.error(), u"Le disque est plein."_s);
+    QVERIFY(QFile::exists(path));
+    QCOMPARE(fixture.entries().size(), 2);
+
+    store.error = std::nullopt;
+    const auto imported = StockImport::importIntoContext(*fixture.stock, document.value(), 1);
+
+    QVERIFY(imported);
+    QCOMPARE(fixture.backupPath(fixture.entries().join(u' ')), imported.value().value());
 }
 
 void StockImportTest::theHistoryIsEmptied()
