@@ -6,6 +6,7 @@
 #include <QtCore/QDir>
 #include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
+#include <QtCore/QThread>
 
 namespace reelhouse::tests {
 
@@ -36,6 +37,24 @@ struct BackupFixture {
             nullptr, 2, 1, QStringLiteral("#E53935"), colorName, QString()));
         filament.setDateAdded(QDateTime::fromMSecsSinceEpoch(1741944413750, Qt::UTC));
         return filament;
+    }
+
+    /// Makes backups with these names, one clearly after the other.
+    void makeBackups(const QStringList& names) const
+    {
+        QDir().mkpath(backupFolder());
+        for (const QString& name : names) {
+            writeFile(backupPath(name), "{}");
+            QThread::msleep(12); // File systems tell moments apart by the kernel's ticks.
+        }
+    }
+    /// "ancien_00.json" and so on.
+    static QStringList numberedNames(int count)
+    {
+        QStringList names;
+        for (int number = 0; number < count; ++number)
+            names << QStringLiteral("ancien_%1.json").arg(number, 2, 10, QChar(u'0'));
+        return names;
     }
 
     static void writeFile(const QString& path, const QByteArray& bytes)

@@ -1,0 +1,155 @@
+#include "tests/app/backup/TransferFixture.h"
+#include "tests/support/TestMain.h"
+
+using namespace reelhouse;
+using namespace reelhouse::tests;
+using namespace Qt::StringLiterals;
+
+/// Exports from the screens, as documents and as tables.
+class ExportScreensTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void anExportWritesTheDocumentNewestFirst();
+    void anEmptyStockIsExportedToo();
+    void aCancelledExportWritesNothing();
+    void anExportReplacesTheFile();
+    void aFailedExportSaysWhy_data();
+    void aFailedExportSaysWhy();
+    void whatCannotBeEncodedIsToldBeforeThePanel_data();
+    void whatCannotBeEncodedIsToldBeforeThePanel();
+    void theCsvExportWritesTheTable();
+};
+
+void ExportScreensTest::anExportWritesTheDocumentNewestFirst()
+{
+    TransferFixture fixture;
+    fixture.addFilament(u"Ancien"_s);
+    fixture.addFilament(u"Récent"_s)
+        .setDateAdded(QDateTime::fromMSecsSinceEpoch(1750000000000, Qt::UTC));
+    const QString path = fixture.folder.filePath(u"export"_s);
+
+    QFileDialog* panel = openedPanel(fixture.view, u"Exporter"_s);
+    QCOMPARE(panel->windowTitle(), u"Exporter le stock"_s);
+    QCOMPARE(panel->acceptMode(), QFileDialog::AcceptSave);
+    QCOMPARE(panel->nameFilters(), QStringList{u"Documents JSON (*.json)"_s});
+    QCOMPARE(panel->windowModality(), Qt::WindowModal);
+    const QString proposed = QFileInfo(panel->selectedFiles().value(0)).fileName();
+    QVERIFY2(proposed.startsWith(u"stock_filaments_"_s) && proposed.endsWith(u".json"_s),
+        qPrintable(proposed));
+    choose(panel, path);
+
+    QCOMPARE(outcomeOf(fixture.view), u"Export réussi ! (2 filaments)"_s);
+    const QByteArray written = BackupFixture::readFile(path + u".json"_s);
+    QVERIFY(written.startsWith("{\n  \"brands\" : [\n\n  ],\n  \"filaments\" : ["));
+    QVERIFY(written.indexOf("Récent") < written.indexOf("Ancien"));
+    QVERIFY(written.indexOf("Récent") > 0);
+}
+
+void ExportScreensTest::anEmptyStockIsExportedToo()
+{
+    TransferFixture fixture;
+    const QString path = fixture.folder.filePath(u"export.json"_s);
+
+    choose(openedPanel(fixture.view, u"Exporter"_s), path);
+
+    QCOMPARE(outcomeOf(fixture.view), u"Export réussi ! (0 filaments)"_s);
+    QCOMPARE(BackupFixture::readFile(path).count("[\n\n  ]"), 5);
+}
+
+void ExportScreensTest::aCancelledExportWritesNothing()
+{
+    TransferFixture fixture;
+
+    QPointer<QFileDialog> panel = openedPanel(fixture.view, u"Exporter"_s);
+    panel->reject();
+
+    QTRY_VERIFY(panel.isNull());
+    QCOMPARE(fixture.view.statusText(), QString());
+    QVERIFY(buttonOf(fixture.view, u"Exporter"_s)->isEnabled());
+    QCOMPARE(QDir(fixture.folder.path()).entryList(QDir::Files), QStringList());
+}
+
+void ExportScreensTest::anExportReplacesTheFile()
+{
+    TransferFixture fixture;
+    fixture.addFilament(u"Rouge"_s);
+    const QString path = fixture.folder.filePath(u"export.csv"_s);
+    BackupFixture::writeFile(path, QByteArray(100000, 'x'));
+
+    QFileDialog* panel = openedPanel(fixture.csvView, u"Exporter"_s);
+    panel->setOption(QFileDialog::DontConfirmOverwrite);
+    choose(panel, path);
+
+    QCOMPARE(outcomeOf(fixture.csvView), u"Export réussi ! (1 filaments)"_s);
+    QVERIFY(!BackupFixture::readFile(path).contains('x'));
+}
+
+void ExportScreensTest::aFailedExportSaysWhy_data()
+{
+    QTest::addColumn<bool>("isCsv");
+
+    QTest::newRow("document") << false;
+    QTest::newRow("table") << true;
+}
+
+void ExportScreensTest::aFailedExportSaysWhy()
+{
+    QFETCH(bool, isCsv);
+    TransferFixture fixture;
+    TransferScreen& screen = isCsv ? static_cast<TransferScreen&>(fixture.csvView) : fixture.view;
+
+    QFileDialog* panel = openedPanel(screen, u"Exporter"_s);
+    panel->setOption(QFileDialog::DontConfirmOverwrite);
+    emit panel->fileSelected(u"/dev/full"_s);
+
+    QCOMPARE(outcomeOf(screen), u"Erreur d'écriture : Ce n'est pas un fichier ordinaire."_s);
+    QVERIFY(buttonOf(screen, u"Exporter"_s)->isEnabled());
+}
+
+void ExportScreensTest::whatCannotBeEncodedIsToldBeforeThePanel_data()
+{
+    QTest::addColumn<bool>("isCsv");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("document") << false << u"Erreur lors de l'encodage des données."_s;
+    QTest::newRow("table") << true << u"Erreur lors de la création du fichier."_s;
+}
+
+void ExportScreensTest::whatCannotBeEncodedIsToldBeforeThePanel()
+{
+    QFETCH(bool, isCsv);
+    TransferFixture fixture;
+    fixture.addFilament(QString(QChar(0xd83d)));
+    TransferScreen& screen = isCsv ? static_cast<TransferScreen&>(fixture.csvView) : fixture.view;
+
+    buttonOf(screen, u"Exporter"_s)->click();
+
+    QTEST(screen.statusText(), "expected");
+    QVERIFY(!screen.findChild<QFileDialog*>());
+}
+
+void ExportScreensTest::theCsvExportWritesTheTable()
+{
+    TransferFixture fixture;
+    fixture.addFilament(u"Ancien"_s);
+    fixture.addFilament(u"Récent; neuf"_s)
+        .setDateAdded(QDateTime::fromMSecsSinceEpoch(1750000000000, Qt::UTC));
+    const QString path = fixture.folder.filePath(u"table"_s);
+
+    QFileDialog* panel = openedPanel(fixture.csvView, u"Exporter"_s);
+    QCOMPARE(panel->windowTitle(), u"Exporter le stock en CSV"_s);
+    QCOMPARE(panel->nameFilters(), QStringList{u"Tableaux CSV (*.csv)"_s});
+    choose(panel, path);
+
+    QCOMPARE(outcomeOf(fixture.csvView), u"Export réussi ! (2 filaments)"_s);
+    QCOMPARE(BackupFixture::readFile(path + u".csv"_s),
+        QByteArray("\xef\xbb\xbf"
+                   "Couleur;Nom couleur;Type;Marque;Gamme;Bobines;Entamées;Lieu;Notes\n"
+                   "#E53935;\"Récent; neuf\";;;;2;1;;\n"
+                   "#E53935;Ancien;;;;2;1;;\n"));
+}
+
+REELHOUSE_TEST(ExportScreensTest)
+
+#include "ExportScreensTest.moc"
