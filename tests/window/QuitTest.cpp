@@ -5,6 +5,8 @@
 #include "tests/window/TestHome.h"
 #include "tests/window/VirtualDesktop.h"
 
+#include <QtCore/QDir>
+#include <QtCore/QFile>
 #include <QtTest/QTest>
 
 #include <csignal>
@@ -24,6 +26,8 @@ private slots:
     void closingEndsItWithoutAQuestionWhenNoneIsWanted_data();
     void closingEndsItWithoutAQuestionWhenNoneIsWanted();
     void aSignalEndsItWhileTheQuestionStands();
+    void backupsThatFailAreSilent_data();
+    void backupsThatFailAreSilent();
 };
 
 namespace {
@@ -125,6 +129,40 @@ void QuitTest::aSignalEndsItWhileTheQuestionStands()
     QCOMPARE(program.endWith(SIGTERM), 0);
 
     QCOMPARE(home.backups().size(), 1);
+    QCOMPARE(home.spoolsInStore()->size(), 8);
+}
+
+void QuitTest::backupsThatFailAreSilent_data()
+{
+    QTest::addColumn<bool>("isFolder");
+
+    QTest::newRow("a file where the folder should be") << false;
+    QTest::newRow("a folder closed to the user") << true;
+}
+
+void QuitTest::backupsThatFailAreSilent()
+{
+    QFETCH(bool, isFolder);
+    VirtualDesktop desktop;
+    const TestHome home;
+    home.setPreferences({{u"confirmOnQuit"_s, u"false"_s}});
+    QVERIFY(QDir().mkpath(home.dataFolder()));
+    QFile inTheWay(home.dataFolder() + u"/Backups"_s);
+    if (isFolder)
+        QVERIFY(QDir().mkdir(inTheWay.fileName()));
+    else
+        QVERIFY(inTheWay.open(QFile::WriteOnly));
+    QVERIFY(inTheWay.setPermissions({}));
+    RunningProgram program(home, desktop);
+    const auto window = program.waitForWindow();
+    QVERIFY2(window.has_value(), "The launch does not wait for a backup that fails.");
+
+    desktop.screen().close(*window);
+
+    QCOMPARE(program.waitForEnd(), 0);
+    QCOMPARE(program.output(), QByteArray());
+    QVERIFY(inTheWay.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    QCOMPARE(home.backups(), QStringList());
     QCOMPARE(home.spoolsInStore()->size(), 8);
 }
 

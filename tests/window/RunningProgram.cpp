@@ -5,10 +5,23 @@
 #include "tests/window/VirtualDesktop.h"
 
 #include <csignal>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
 namespace reelhouse::tests {
+
+namespace {
+
+/// Tests may run as root, for whom no file is closed; the user is not.
+void obeyFilePermissions()
+{
+    for (const int capability : {CAP_DAC_OVERRIDE, CAP_DAC_READ_SEARCH})
+        ::prctl(PR_CAPBSET_DROP, capability, 0, 0, 0);
+}
+
+} // namespace
 
 RunningProgram::RunningProgram(
     const TestHome& home, VirtualDesktop& desktop, const QMap<QString, QString>& variables)
@@ -19,6 +32,7 @@ RunningProgram::RunningProgram(
         environment.insert(variable.key(), variable.value());
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
+    m_process.setChildProcessModifier(obeyFilePermissions);
     m_process.start(QStringLiteral(SPOOLWRIGHT_PROGRAM), QStringList());
     if (!m_process.waitForStarted())
         qFatal("The program does not start.");

@@ -30,6 +30,8 @@ private slots:
     void theContentIsNeverSmallerThanItNeeds();
     void afterAKillItStartsAsAlways();
     void anUnusableStoreIsToldAndLeftAlone();
+    void theFirstBackupComesBeforeTheSampleStock();
+    void aLaunchKeepsTwentyBackups();
 };
 
 void StartTest::initTestCase()
@@ -208,6 +210,39 @@ void StartTest::anUnusableStoreIsToldAndLeftAlone()
     QVERIFY(file.open(QFile::ReadOnly));
     QCOMPARE(file.readAll(), bytes);
     QCOMPARE(home.preference(u"didSeedSampleData"_s), QString());
+}
+
+void StartTest::theFirstBackupComesBeforeTheSampleStock()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    RunningProgram program(home, desktop);
+    QVERIFY(waitUntil([&] { return home.backups().size() == 1; }));
+
+    QFile backup(home.backups().constFirst());
+    QVERIFY(backup.open(QFile::ReadOnly));
+    QVERIFY(backup.readAll().contains("\"filaments\" : [\n\n  ],"));
+    QVERIFY(waitUntil([&] { return home.spoolsInStore()->size() == 8; }));
+    QCOMPARE(home.backups().size(), 1);
+}
+
+void StartTest::aLaunchKeepsTwentyBackups()
+{
+    VirtualDesktop desktop;
+    const TestHome home;
+    const QDir folder(home.dataFolder() + u"/Backups"_s);
+    QVERIFY(QDir().mkpath(folder.path()));
+    for (int number = 1; number <= 21; ++number) {
+        QFile file(folder.filePath(u"ancien_%1.json"_s.arg(number, 2, 10, QChar(u'0'))));
+        QVERIFY(file.open(QFile::WriteOnly));
+        QTest::qSleep(12); // File systems tell moments apart by the kernel's ticks.
+    }
+    RunningProgram program(home, desktop);
+    QVERIFY(waitUntil([&] { return home.backups().size() == 20; }));
+
+    const QStringList left = home.backups();
+    QCOMPARE(left.constFirst(), folder.filePath(u"ancien_03.json"_s));
+    QVERIFY2(left.constLast().contains(u"/sauvegarde_"_s), qPrintable(left.constLast()));
 }
 
 } // namespace reelhouse::tests
