@@ -3,6 +3,7 @@
 #include "app/ui/ButtonLook.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
+#include "app/ui/ShownText.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 #include "app/ui/WrappingLabel.h"
@@ -68,7 +69,7 @@ int widthFor(const Alert& alert)
 
 Alert::Alert(AlertTone tone, const QString& title, const QString& message,
     const QList<AlertButton>& buttons, QWidget* parent)
-    : Sheet(title, narrowest, parent)
+    : Sheet(shownText(title), narrowest, parent)
     , m_texts(new QVBoxLayout)
 {
     setPadding(alertPadding);
@@ -78,11 +79,11 @@ Alert::Alert(AlertTone tone, const QString& title, const QString& message,
 
 void Alert::addTexts(AlertTone tone, const QString& title, const QString& message)
 {
-    auto* titleLabel = new WrappingLabel(title, this);
+    auto* titleLabel = new WrappingLabel(shownText(title), this);
     setTextStyle(titleLabel, TextStyle::Headline);
-    auto* messageLabel = new WrappingLabel(message, this);
+    auto* messageLabel = new WrappingLabel(shownText(message), this);
     setTextTone(messageLabel, TextTone::Secondary);
-    setAccessibleDescription(message);
+    setAccessibleDescription(messageLabel->text());
 
     m_texts->setSpacing(8);
     m_texts->addWidget(titleLabel);
@@ -99,11 +100,11 @@ void Alert::addTexts(AlertTone tone, const QString& title, const QString& messag
 
 void Alert::addNote(const QString& text)
 {
-    auto* note = new WrappingLabel(text, this);
+    auto* note = new WrappingLabel(shownText(text), this);
     setTextTone(note, TextTone::Orange);
     m_texts->insertWidget(m_texts->count() - 1, note); // above the stretch
     setPanelSize(widthFor(*this));
-    setAccessibleDescription(accessibleDescription() + u' ' + text);
+    setAccessibleDescription(accessibleDescription() + u' ' + note->text());
 }
 
 void Alert::addButtons(const QList<AlertButton>& buttons)

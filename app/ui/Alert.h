@@ -32,7 +32,8 @@ struct AlertButton {
 /// A question or a warning with ordered buttons. They are named from the most important on and
 /// stand from right to left. Ask with `open()` and listen to `finished(int)`, or, for the few that
 /// block the whole program, with `exec()`: both give the index of the chosen button. Dismissing it
-/// gives the index of the Cancel button, or else of the first.
+/// gives the index of the Cancel button, or else of the first. Of very long texts the middle is
+/// left out (shownText).
 class Alert final : public Sheet {
     Q_OBJECT
 

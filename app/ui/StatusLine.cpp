@@ -3,6 +3,7 @@
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
 #include "app/ui/RoundedPanel.h"
+#include "app/ui/ShownText.h"
 #include "app/ui/Symbol.h"
 
 #include <QtCore/QPropertyAnimation>
@@ -50,6 +51,29 @@ Look lookOf(StatusKind kind)
         return {u"exclamationmark.triangle.fill"_s, &Theme::red, &Theme::redSoft, TextTone::Red};
     }
     Q_UNREACHABLE();
+}
+
+/// One paragraph that wraps within the line: a label parts no word, however long, and would push
+/// its window wider; and a name may consist of line breaks.
+QString asWrappingParagraph(const QString& text)
+{
+    constexpr int usualWord = 40;
+    constexpr int pieceOfLongerWord = 8;
+    constexpr char16_t zeroWidthSpace = u'\u200B';
+    QString paragraph;
+    int wordLength = 0;
+    for (const QChar letter : text) {
+        const bool isSpace = letter.isSpace();
+        const bool parts = isSpace && letter != QChar::Nbsp && letter != u'\u202F';
+        const bool isSecondHalf = letter.isLowSurrogate();
+        if (!isSecondHalf)
+            wordLength = parts ? 0 : wordLength + 1;
+        if (!isSecondHalf && wordLength > usualWord && wordLength % pieceOfLongerWord == 0)
+            paragraph += zeroWidthSpace;
+        const bool isBreak = isSpace && letter.category() != QChar::Separator_Space;
+        paragraph += isBreak ? QChar(u' ') : letter;
+    }
+    return paragraph;
 }
 
 } // namespace
@@ -111,11 +135,13 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
     m_icon->setIcon(symbolIcon(look.symbol, look.color));
     setTextTone(m_label, look.tone);
 
-    const int textWidth = m_label->fontMetrics().size(0, text).width() + 2;
+    m_text = shownText(text);
+    const QString paragraph = asWrappingParagraph(m_text);
+    const int textWidth = m_label->fontMetrics().size(0, paragraph).width() + 2;
     m_panel->setMaximumWidth(
         std::min(widestLine, 2 * linePadding + lineIconSide + iconGap + textWidth));
     m_label->clear(); // The same sentence once more is news too.
-    m_label->setText(text);
+    m_label->setText(paragraph);
     m_panel->setVisible(true);
     if (kind == StatusKind::Progress)
         m_panel->setGraphicsEffect(nullptr);
@@ -128,13 +154,9 @@ void StatusLine::showMessage(StatusKind kind, const QString& text)
 
 void StatusLine::clear()
 {
+    m_text.clear();
     m_label->clear();
     m_panel->setVisible(false);
-}
-
-QString StatusLine::text() const
-{
-    return m_label->text();
 }
 
 void StatusLine::setCentred()

@@ -17,7 +17,8 @@ enum class StatusKind {
 };
 
 /// One line that says how the last action ended, on a ground of its own. Its room is kept while it
-/// is empty, so that nothing jumps. The text wraps, can be selected, and is announced.
+/// is empty, so that nothing jumps. The text wraps, can be selected, and is announced; of a very
+/// long one the middle is left out (shownText).
 class StatusLine final : public QWidget {
     Q_OBJECT
 
@@ -30,7 +31,7 @@ public:
     void setCentred();
 
     /// What stands there now; empty when nothing does.
-    QString text() const;
+    QString text() const { return m_text; }
 
 private:
     void fadeIn();
@@ -40,6 +41,7 @@ private:
     Panel* m_panel;
     IconView* m_icon;
     QLabel* m_label;
+    QString m_text;
 };
 
 } // namespace reelhouse

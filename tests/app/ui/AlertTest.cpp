@@ -1,6 +1,7 @@
 #include "app/ui/Alert.h"
 
 #include "app/ui/ButtonLook.h"
+#include "app/ui/WrappingLabel.h"
 #include "tests/app/ui/AccessibleFacts.h"
 #include "tests/support/TestMain.h"
 
@@ -34,6 +35,7 @@ private slots:
     void itIsAsWideAsItsMessageNeeds();
     void itIsSpokenAsADialogWithItsTexts();
     void markupInAMessageIsText();
+    void ofVeryLongTextsTheMiddleIsLeftOut();
     void aWordOfAnyLengthIsShownWhole_data();
     void aWordOfAnyLengthIsShownWhole();
 };
@@ -241,6 +243,21 @@ void AlertTest::markupInAMessageIsText()
 
     for (const auto* label : shown.alert().findChildren<QLabel*>())
         QCOMPARE(label->textFormat(), Qt::PlainText);
+}
+
+void AlertTest::ofVeryLongTextsTheMiddleIsLeftOut()
+{
+    const QString tooLong = u"Supprimer « "_s + QString(60000, u'A') + u" » ?"_s;
+    const QString shown
+        = u"Supprimer « "_s + QString(388, u'A') + u'…' + QString(196, u'A') + u" » ?"_s;
+
+    Alert alert(AlertTone::Question, tooLong, tooLong, buttonsOf(Case::Delete));
+    alert.addNote(tooLong);
+
+    for (const QLabel* label : alert.findChildren<WrappingLabel*>())
+        QCOMPARE(label->text(), shown);
+    QCOMPARE(alert.windowTitle(), shown);
+    QCOMPARE(alert.accessibleDescription(), shown + u' ' + shown);
 }
 
 void AlertTest::aWordOfAnyLengthIsShownWhole_data()

@@ -30,6 +30,9 @@ private slots:
     void aStatusLineShowsItsMessage();
     void aStatusLineIsAtMost640Wide();
     void aLongStatusWraps();
+    void ofAVeryLongStatusTheMiddleIsLeftOut();
+    void aStatusOfOneEndlessWordStaysInItsWindow_data();
+    void aStatusOfOneEndlessWordStaysInItsWindow();
     void theStatusCanBeSelected();
     void anEmptyStateShowsItsTextsAndButton();
     void anEmptyStateShowsALongTextWhole();
@@ -180,6 +183,52 @@ void SmallWidgetsTest::aLongStatusWraps()
 
     const auto* label = screen.line().findChild<QLabel*>();
     QVERIFY(label->height() >= 3 * label->fontMetrics().height());
+}
+
+void SmallWidgetsTest::ofAVeryLongStatusTheMiddleIsLeftOut()
+{
+    const QString beginning = u"Un filament fait référence à un marque « "_s;
+    const QString end = u" » absent du fichier."_s;
+    StatusLine line;
+
+    const QString longest = beginning + QString(600 - beginning.size() - end.size(), u'A') + end;
+    line.showMessage(StatusKind::Error, longest);
+    QCOMPARE(line.text(), longest);
+
+    line.showMessage(StatusKind::Error, beginning + QString(60000, u'A') + end);
+    QCOMPARE(line.text(),
+        beginning + QString(400 - beginning.size(), u'A') + u'…' + QString(200 - end.size(), u'A')
+            + end);
+
+    // No emoji is cut in two.
+    line.showMessage(StatusKind::Error, u'a' + u"🧵"_s.repeated(300) + u'z');
+    QCOMPARE(line.text(), u'a' + u"🧵"_s.repeated(199) + u'…' + u"🧵"_s.repeated(99) + u'z');
+}
+
+void SmallWidgetsTest::aStatusOfOneEndlessWordStaysInItsWindow_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("letters") << QString(60000, u'W');
+    QTest::newRow("letters of two units") << u"𝐖"_s.repeated(30000);
+    QTest::newRow("spaces that part no lines") << QString(60000, QChar::Nbsp);
+    QTest::newRow("line breaks") << QString(60000, u'\n');
+    QTest::newRow("separators of lines") << QString(60000, QChar::LineSeparator);
+}
+
+void SmallWidgetsTest::aStatusOfOneEndlessWordStaysInItsWindow()
+{
+    QFETCH(QString, name);
+    Screen screen;
+
+    screen.line().showMessage(
+        StatusKind::Error, u"Erreur d'import : Le fichier contient plusieurs « "_s + name);
+    QCoreApplication::processEvents();
+
+    QCOMPARE(screen.size(), QSize(700, 400));
+    const auto* label = screen.line().findChild<QLabel*>();
+    QVERIFY2(label->height() < 16 * label->fontMetrics().height(),
+        qPrintable(QString::number(label->height())));
 }
 
 void SmallWidgetsTest::theStatusCanBeSelected()
