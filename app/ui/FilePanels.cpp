@@ -1,5 +1,7 @@
 #include "app/ui/FilePanels.h"
 
+#include "app/ui/Alert.h"
+
 #include <QtCore/QDateTime>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
@@ -10,6 +12,8 @@
 #include <QtWidgets/QFileDialog>
 #include <QtWidgets/QFileIconProvider>
 #include <QtWidgets/QHeaderView>
+#include <QtWidgets/QLineEdit>
+#include <QtWidgets/QListView>
 #include <QtWidgets/QTreeView>
 
 using namespace Qt::StringLiterals;
@@ -74,24 +78,59 @@ void showWhole(QHeaderView& columns)
     columns.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-QFileDialog* makePanel(QWidget* parent, const QString& title, const FileKind& kind)
+bool hasSuffix(const QString& path, const QString& suffix)
+{
+    return path.endsWith(u'.' + suffix, Qt::CaseInsensitive);
+}
+
+/// Qt gives the suffix only to names without any dot.
+class SavePanel final : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    /// Completes the name before Qt asks whether the file is to be replaced.
+    void accept() override
+    {
+        const QString path = selectedFiles().value(0);
+        // A panel of the desktop's own has no such field.
+        auto* field = findChild<QLineEdit*>(u"fileNameEdit"_s);
+        if (field && !QFileInfo(path).isDir() && !hasSuffix(path, defaultSuffix())) {
+            // A file of the typed name is selected in the list, which counts more than the field;
+            // the field may have lost the folder.
+            findChild<QListView*>(u"listView"_s)->clearSelection();
+            field->setText(path + u'.' + defaultSuffix());
+        }
+        QFileDialog::accept();
+    }
+};
+
+/// Sees to the suffix of what a panel of the desktop's own gave, which asked about another name.
+void completeChosen(
+    const QString& path, const QString& suffix, QWidget* parent, const ChosenFile& chosen)
+{
+    if (hasSuffix(path, suffix))
+        return chosen(path);
+    const QString completed = path + u'.' + suffix;
+    if (!QFileInfo::exists(completed))
+        return chosen(completed);
+    askBeforeDestroying(u"Remplacer le fichier ?"_s,
+        u"« "_s + QFileInfo(completed).fileName() + u" » existe déjà."_s, u"Remplacer"_s, parent,
+        [chosen, completed] { chosen(completed); });
+}
+
+template <class Panel>
+Panel* makePanel(QWidget* parent, const QString& title, const FileKind& kind)
 {
     // Without a folder it would begin in the last one, and may look into files there by now.
-    auto* panel = new QFileDialog(parent, title, QDir::rootPath());
+    auto* panel = new Panel(parent, title, QDir::rootPath());
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setIconProvider(iconProvider());
     panel->setProxyModel(new FrenchFiles(panel));
     panel->setNameFilter(kind.name + u" (*."_s + kind.suffix + u')');
     panel->resize(panelSize);
-    if (const auto* files = panel->findChild<QTreeView*>())
+    if (const auto* files = panel->template findChild<QTreeView*>())
         showWhole(*files->header());
     return panel;
-}
-
-void openPanel(QFileDialog* panel, const ChosenFile& chosen)
-{
-    QObject::connect(panel, &QFileDialog::fileSelected, panel, chosen);
-    panel->open();
 }
 
 QString nearestFolder(QString folder)
@@ -106,24 +145,28 @@ QString nearestFolder(QString folder)
 void openSavePanel(QWidget* parent, const QString& title, const FileKind& kind,
     const QString& proposedName, const ChosenFile& chosen)
 {
-    QFileDialog* panel = makePanel(parent, title, kind);
+    auto* panel = makePanel<SavePanel>(parent, title, kind);
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setFileMode(QFileDialog::AnyFile);
     panel->setDefaultSuffix(kind.suffix);
     panel->setDirectory(
         nearestFolder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)));
     panel->selectFile(proposedName);
-    openPanel(panel, chosen);
+    QObject::connect(panel, &QFileDialog::fileSelected, panel,
+        [parent, suffix = kind.suffix, chosen](
+            const QString& path) { completeChosen(path, suffix, parent, chosen); });
+    panel->open();
 }
 
 void openOpenPanel(QWidget* parent, const QString& title, const FileKind& kind,
     const QString& folder, const ChosenFile& chosen)
 {
-    QFileDialog* panel = makePanel(parent, title, kind);
+    auto* panel = makePanel<QFileDialog>(parent, title, kind);
     panel->setAcceptMode(QFileDialog::AcceptOpen);
     panel->setFileMode(QFileDialog::ExistingFile);
     panel->setDirectory(nearestFolder(folder));
-    openPanel(panel, chosen);
+    QObject::connect(panel, &QFileDialog::fileSelected, panel, chosen);
+    panel->open();
 }
 
 } // namespace reelhouse::FilePanels

@@ -13,12 +13,14 @@ namespace reelhouse::FilePanels {
 /// The one kind of file that a panel offers.
 struct FileKind {
     QString name; ///< French, such as "Documents JSON".
-    QString suffix; ///< Without the dot; a name typed without one gets it.
+    QString suffix; ///< Without the dot.
 };
 
 using ChosenFile = std::function<void(const QString& path)>;
 
-/// Asks where to write. `chosen` is called once, unless the user cancels.
+/// Asks where to write. A name that does not end in the suffix, in small letters or capitals, gets
+/// it; whether a file is to be replaced is asked about that name. `chosen` is called once, unless
+/// the user cancels.
 void openSavePanel(QWidget* parent, const QString& title, const FileKind& kind,
     const QString& proposedName, const ChosenFile& chosen);
 

@@ -1,6 +1,8 @@
 #include "tests/app/backup/TransferFixture.h"
 #include "tests/support/TestMain.h"
 
+#include <QtWidgets/QMessageBox>
+
 using namespace reelhouse;
 using namespace reelhouse::tests;
 using namespace Qt::StringLiterals;
@@ -16,6 +18,10 @@ private slots:
     void anExportReplacesTheFile();
     void aFailedExportSaysWhy_data();
     void aFailedExportSaysWhy();
+    void aNameGetsTheSuffixThatItLacks_data();
+    void aNameGetsTheSuffixThatItLacks();
+    void theQuestionIsAboutTheNameWithItsSuffix_data();
+    void theQuestionIsAboutTheNameWithItsSuffix();
     void whatCannotBeEncodedIsToldBeforeThePanel_data();
     void whatCannotBeEncodedIsToldBeforeThePanel();
     void theCsvExportWritesTheTable();
@@ -101,10 +107,91 @@ void ExportScreensTest::aFailedExportSaysWhy()
 
     QFileDialog* panel = openedPanel(screen, u"Exporter"_s);
     panel->setOption(QFileDialog::DontConfirmOverwrite);
-    emit panel->fileSelected(u"/dev/full"_s);
+    const QString device = fixture.folder.filePath(isCsv ? u"lien.csv"_s : u"lien.json"_s);
+    QVERIFY(QFile::link(u"/dev/full"_s, device));
+    emit panel->fileSelected(device);
 
     QCOMPARE(outcomeOf(screen), u"Erreur d'écriture : Ce n'est pas un fichier ordinaire."_s);
     QVERIFY(buttonOf(screen, u"Exporter"_s)->isEnabled());
+}
+
+void ExportScreensTest::aNameGetsTheSuffixThatItLacks_data()
+{
+    QTest::addColumn<bool>("isCsv");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("a date") << false << u"Stock du 14.03"_s << u"Stock du 14.03.json"_s;
+    QTest::newRow("another suffix") << false << u"stock.csv"_s << u"stock.csv.json"_s;
+    QTest::newRow("no dot") << false << u"stock"_s << u"stock.json"_s;
+    QTest::newRow("its own") << false << u"stock.json"_s << u"stock.json"_s;
+    QTest::newRow("its own in capitals") << false << u"STOCK.JSON"_s << u"STOCK.JSON"_s;
+    QTest::newRow("a table") << true << u"Stock du 14.03"_s << u"Stock du 14.03.csv"_s;
+}
+
+void ExportScreensTest::aNameGetsTheSuffixThatItLacks()
+{
+    QFETCH(bool, isCsv);
+    QFETCH(QString, typed);
+    TransferFixture fixture;
+    TransferScreen& screen = isCsv ? static_cast<TransferScreen&>(fixture.csvView) : fixture.view;
+
+    choose(openedPanel(screen, u"Exporter"_s), fixture.folder.filePath(typed));
+
+    QCOMPARE(outcomeOf(screen), u"Export réussi ! (0 filaments)"_s);
+    QTEST(QDir(fixture.folder.path()).entryList(QDir::Files).join(u' '), "expected");
+}
+
+void ExportScreensTest::theQuestionIsAboutTheNameWithItsSuffix_data()
+{
+    QTest::addColumn<bool>("isNative");
+    QTest::addColumn<bool>("replaces");
+
+    QTest::newRow("Qt's panel, yes") << false << true;
+    QTest::newRow("Qt's panel, no") << false << false;
+    QTest::newRow("a panel of the desktop, yes") << true << true;
+    QTest::newRow("a panel of the desktop, no") << true << false;
+}
+
+void ExportScreensTest::theQuestionIsAboutTheNameWithItsSuffix()
+{
+    QFETCH(bool, isNative);
+    QFETCH(bool, replaces);
+    TransferFixture fixture;
+    const QString typed = fixture.folder.filePath(u"Stock du 14.03"_s);
+    const QString written = typed + u".json"_s;
+    BackupFixture::writeFile(typed, "un autre");
+    BackupFixture::writeFile(written, "ancien");
+    QPointer<QFileDialog> panel = openedPanel(fixture.view, u"Exporter"_s);
+    QStringList asked;
+    QTimer::singleShot(0, panel, [&] {
+        auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!question)
+            return;
+        asked += question->text();
+        question->button(replaces ? QMessageBox::Yes : QMessageBox::No)->click();
+    });
+
+    if (isNative) {
+        emit panel->fileSelected(typed);
+        Alert* alert = askedQuestion(fixture.view);
+        QVERIFY(alert);
+        asked += alert->accessibleDescription();
+        buttonOf(*alert, replaces ? u"Remplacer"_s : u"Annuler"_s)->click();
+    } else {
+        panel->findChild<QLineEdit*>()->setText(typed);
+        QMetaObject::invokeMethod(panel, "accept");
+        QCOMPARE(panel && panel->isVisible(), !replaces);
+    }
+
+    QCOMPARE(asked.size(), 1);
+    QVERIFY2(asked.first().contains(u"Stock du 14.03.json"_s), qPrintable(asked.first()));
+    if (replaces)
+        QCOMPARE(outcomeOf(fixture.view), u"Export réussi ! (0 filaments)"_s);
+    else
+        QCOMPARE(fixture.view.statusText(), QString());
+    QCOMPARE(BackupFixture::readFile(typed), "un autre"_ba);
+    QCOMPARE(BackupFixture::readFile(written) == "ancien", !replaces);
 }
 
 void ExportScreensTest::whatCannotBeEncodedIsToldBeforeThePanel_data()

@@ -96,15 +96,15 @@ void TransferScreensTest::theStoreItselfIsNeitherReadNorWritten()
     QVERIFY(QDir().mkpath(QFileInfo(store).path()));
     BackupFixture::writeFile(store, "le stock");
     QVERIFY(QFile::link(store, folder + u"/lien.json"_s));
-    const QString path = folder + u'/' + name;
+    QVERIFY(QFile::link(store, folder + u"/lien.csv"_s));
 
-    for (TransferScreen* screen : {static_cast<TransferScreen*>(&fixture.view),
-             static_cast<TransferScreen*>(&fixture.csvView)}) {
-        emit openedPanel(*screen, u"Exporter"_s)->fileSelected(path);
-        QCOMPARE(outcomeOf(*screen),
-            u"Erreur d'écriture : Ce fichier appartient à la base de données de Spoolwright."_s);
-    }
-    fixture.view.importFile(path);
+    const QString refused
+        = u"Erreur d'écriture : Ce fichier appartient à la base de données de Spoolwright."_s;
+    emit openedPanel(fixture.view, u"Exporter"_s)->fileSelected(folder + u"/lien.json"_s);
+    QCOMPARE(outcomeOf(fixture.view), refused);
+    emit openedPanel(fixture.csvView, u"Exporter"_s)->fileSelected(folder + u"/lien.csv"_s);
+    QCOMPARE(outcomeOf(fixture.csvView), refused);
+    fixture.view.importFile(folder + u'/' + name);
     QCOMPARE(outcomeOf(fixture.view),
         u"Erreur d'import : Ce fichier appartient à la base de données de Spoolwright."_s);
 
