@@ -18,6 +18,8 @@ class TransferScreen : public QWidget {
 
 public:
     QString statusText() const { return m_status->text(); }
+    /// Whether an export or an import is under way.
+    bool isBusy() const { return m_isBusy; }
 
 protected:
     TransferScreen(
@@ -36,7 +38,6 @@ protected:
     /// Writes the file on another thread and says how it ended, counting the filaments of
     /// `container`.
     void writeFile(const QString& path, const QByteArray& bytes, const StoreContainer& container);
-    bool isBusy() const { return m_isBusy; }
 
 private:
     void showOutcome(StatusKind kind, const QString& text);

@@ -26,12 +26,13 @@ namespace reelhouse {
 
 namespace {
 
-/// The path of the one document that is being dropped; empty for anything else, and while a sheet
-/// or an alert waits for an answer.
-QString droppedDocument(const QDropEvent& event)
+/// The path of the one document that is being dropped on `screen`; empty for anything else, while a
+/// sheet or an alert waits for an answer, and while the screen exports or imports.
+QString droppedDocument(const QDropEvent& event, const QWidget* screen)
 {
     const QList<QUrl> urls = event.mimeData()->urls();
-    if (urls.size() != 1 || QApplication::activeModalWidget())
+    const auto* transfer = qobject_cast<const TransferScreen*>(screen);
+    if (urls.size() != 1 || QApplication::activeModalWidget() || (transfer && transfer->isBusy()))
         return {};
     const QString path = urls.first().toLocalFile();
     return path.endsWith(u".json"_s, Qt::CaseInsensitive) ? path : QString();
@@ -171,7 +172,7 @@ QWidget* ContentView::makeScreen(NavItem item)
 
 void ContentView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (droppedDocument(*event).isEmpty())
+    if (droppedDocument(*event, m_screens->currentWidget()).isEmpty())
         return;
     event->setDropAction(Qt::CopyAction); // A move would take the file away from its folder.
     event->accept();
@@ -179,7 +180,7 @@ void ContentView::dragEnterEvent(QDragEnterEvent* event)
 
 void ContentView::dropEvent(QDropEvent* event)
 {
-    const QString path = droppedDocument(*event);
+    const QString path = droppedDocument(*event, m_screens->currentWidget());
     if (path.isEmpty())
         return;
     event->setDropAction(Qt::CopyAction);

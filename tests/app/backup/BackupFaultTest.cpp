@@ -1,8 +1,8 @@
 #include "app/backup/BackupService.h"
 #include "app/backup/StockDocument.h"
 #include "app/backup/StockImport.h"
-#include "tests/app/backup/BackupFixture.h"
 #include "tests/app/backup/OneStock.h"
+#include "tests/app/backup/TransferFixture.h"
 #include "tests/app/store/OtherProcess.h"
 #include "tests/app/store/SmallDisk.h"
 #include "tests/support/TestMain.h"
@@ -22,6 +22,8 @@ class BackupFaultTest final : public QObject {
 private slots:
     void aFullDiskCostsNoBackup_data();
     void aFullDiskCostsNoBackup();
+    void anExportOnAFullDiskSaysSo_data();
+    void anExportOnAFullDiskSaysSo();
     void anImportOnAFullDiskKeepsOneStockWhole_data();
     void anImportOnAFullDiskKeepsOneStockWhole();
     void aKilledBackupLeavesEveryBackupReadable();
@@ -78,6 +80,33 @@ void BackupFaultTest::aFullDiskCostsNoBackup()
     QCOMPARE(*answer,
         (QStringList{u"La sauvegarde n'a pas pu être écrite : Le disque est plein."_s, u"2"_s,
             u"same"_s, QString()}));
+}
+
+void BackupFaultTest::anExportOnAFullDiskSaysSo_data()
+{
+    QTest::addColumn<bool>("isCsv");
+
+    QTest::newRow("document") << false;
+    QTest::newRow("table") << true;
+}
+
+void BackupFaultTest::anExportOnAFullDiskSaysSo()
+{
+    QFETCH(bool, isCsv);
+    const QTemporaryDir folder;
+    const auto answer = onSmallDisk(folder.path(), 40, [&] {
+        TransferFixture fixture;
+        StockDocument::replaceStock(fixture.context(), stockOf(u"Rouge"_s, 3000));
+        TransferScreen& screen
+            = isCsv ? static_cast<TransferScreen&>(fixture.csvView) : fixture.view;
+        emit openedPanel(screen, u"Exporter"_s)
+            ->fileSelected(folder.filePath(isCsv ? u"stock.csv"_s : u"stock.json"_s));
+        return QStringList{outcomeOf(screen)};
+    });
+    if (!answer)
+        QSKIP("This system does not let the user mount a disk.");
+
+    QCOMPARE(*answer, QStringList{u"Erreur d'écriture : Le disque est plein."_s});
 }
 
 void BackupFaultTest::anImportOnAFullDiskKeepsOneStockWhole_data()

@@ -22,6 +22,8 @@ private slots:
     void aNameGetsTheSuffixThatItLacks();
     void theQuestionIsAboutTheNameWithItsSuffix_data();
     void theQuestionIsAboutTheNameWithItsSuffix();
+    void whileItWritesNothingElseBegins_data();
+    void whileItWritesNothingElseBegins();
     void whatCannotBeEncodedIsToldBeforeThePanel_data();
     void whatCannotBeEncodedIsToldBeforeThePanel();
     void theCsvExportWritesTheTable();
@@ -192,6 +194,33 @@ void ExportScreensTest::theQuestionIsAboutTheNameWithItsSuffix()
         QCOMPARE(fixture.view.statusText(), QString());
     QCOMPARE(BackupFixture::readFile(typed), "un autre"_ba);
     QCOMPARE(BackupFixture::readFile(written) == "ancien", !replaces);
+}
+
+void ExportScreensTest::whileItWritesNothingElseBegins_data()
+{
+    QTest::addColumn<bool>("isCsv");
+
+    QTest::newRow("document") << false;
+    QTest::newRow("table") << true;
+}
+
+void ExportScreensTest::whileItWritesNothingElseBegins()
+{
+    QFETCH(bool, isCsv);
+    TransferFixture fixture;
+    TransferScreen& screen = isCsv ? static_cast<TransferScreen&>(fixture.csvView) : fixture.view;
+    QFileDialog* panel = openedPanel(screen, u"Exporter"_s);
+    emit panel->fileSelected(fixture.folder.filePath(isCsv ? u"a.csv"_s : u"a.json"_s));
+    delete panel;
+    QVERIFY(screen.isBusy());
+    QCOMPARE(screen.statusText(), u"Export en cours…"_s);
+
+    for (QPushButton* button : screen.findChildren<QPushButton*>())
+        button->click();
+
+    QVERIFY(!screen.findChild<QFileDialog*>());
+    QCOMPARE(outcomeOf(screen), u"Export réussi ! (0 filaments)"_s);
+    QVERIFY(!screen.isBusy());
 }
 
 void ExportScreensTest::whatCannotBeEncodedIsToldBeforeThePanel_data()

@@ -73,6 +73,15 @@ inline Alert* askedQuestion(const QWidget& screen)
     return screen.findChild<Alert*>();
 }
 
+/// Answers the question before an import with yes.
+inline void confirmImport(const QWidget& screen)
+{
+    Alert* question = askedQuestion(screen);
+    if (!question)
+        qFatal("Nothing was asked.");
+    buttonOf(*question, QStringLiteral("Importer et tout remplacer"))->click();
+}
+
 inline QByteArray smallDocument()
 {
     return R"({"brands":[],"filaments":[{"colorHex":"#00F","colorName":"Bleu",)"

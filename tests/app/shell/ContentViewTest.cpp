@@ -47,6 +47,7 @@ private slots:
     void aFavoriteIsAppliedFromAnotherScreen();
     void theSidebarKeepsUpWithTheFavorites();
     void aDroppedDocumentIsImported();
+    void nothingIsDroppedOnAScreenAtWork();
     void otherDropsAreRefused_data();
     void otherDropsAreRefused();
     void aTemporaryStockSaysSo_data();
@@ -251,6 +252,22 @@ void ContentViewTest::aDroppedDocumentIsImported()
     QVERIFY(screen);
     QTRY_VERIFY(screen->findChild<Alert*>());
     QVERIFY2(!drop(fixture.content, {QUrl::fromLocalFile(path)}), "While a question waits.");
+}
+
+void ContentViewTest::nothingIsDroppedOnAScreenAtWork()
+{
+    ContentViewFixture fixture;
+    const QString path = fixture.folder.filePath(u"stock.json"_s);
+    tests::BackupFixture::writeFile(path, "{");
+    fixture.content.showScreen(NavItem::ExportImport);
+    auto* screen = fixture.content.findChild<ExportImportView*>();
+    screen->importFile(path);
+    QVERIFY(screen->isBusy());
+
+    QVERIFY(!drop(fixture.content, {QUrl::fromLocalFile(path)}));
+
+    QTRY_VERIFY(!screen->isBusy());
+    QVERIFY(drop(fixture.content, {QUrl::fromLocalFile(path)}));
 }
 
 void ContentViewTest::otherDropsAreRefused_data()
