@@ -7,13 +7,17 @@
 #include "app/store/StoreContainer.h"
 #include "app/store/StoreTexts.h"
 #include "app/store/UserFiles.h"
+#include "app/ui/Alert.h"
 #include "app/ui/Palette.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
+#include <QtCore/QPointer>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QVBoxLayout>
+
+using namespace Qt::StringLiterals;
 
 namespace reelhouse {
 
@@ -31,6 +35,16 @@ QLabel* centredText(const QString& text, TextStyle style, QWidget* parent)
     label->setAlignment(Qt::AlignCenter);
     setTextStyle(label, style);
     return label;
+}
+
+/// Over the window of a screen that is not there any more.
+void tellFailedExport(const QString& path, const SystemError& error, QWidget* window)
+{
+    auto* alert = new Alert(AlertTone::Warning, TransferTexts::exportFailed(path),
+        TransferTexts::writeFailed(error.description()), {{u"Fermer"_s, AlertRole::Confirm}},
+        window);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    alert->open();
 }
 
 } // namespace
@@ -111,14 +125,25 @@ void TransferScreen::writeFile(
     if (belongsToStore(path, container.storeFile()))
         return showError(TransferTexts::writeFailed(belongsToStoreText()));
     beginProgress(TransferTexts::exporting());
+    const QPointer<TransferScreen> screen(this);
     runInBackground(
-        this, [=] { return UserFiles::overwrite(path, bytes); },
-        [this, &container](const std::optional<SystemError>& error) {
-            if (error)
-                showError(TransferTexts::writeFailed(error->description()));
-            else
-                showSuccess(TransferTexts::exported(container));
+        window(), [=] { return UserFiles::overwrite(path, bytes); },
+        [screen, path, &container, window = window()](const std::optional<SystemError>& error) {
+            const bool isLeft = !screen || (screen != window && screen->isHidden());
+            if (!isLeft)
+                screen->showWritten(error, container);
+            else if (error)
+                tellFailedExport(path, *error, window);
         });
+}
+
+void TransferScreen::showWritten(
+    const std::optional<SystemError>& error, const StoreContainer& container)
+{
+    if (error)
+        showError(TransferTexts::writeFailed(error->description()));
+    else
+        showSuccess(TransferTexts::exported(container));
 }
 
 } // namespace reelhouse

@@ -10,6 +10,7 @@ class QVBoxLayout;
 namespace reelhouse {
 
 class StoreContainer;
+struct SystemError;
 
 /// What the screens that export and import share: a symbol, a title, an explanation, buttons one
 /// under the other, and a line that says how the last of them ended.
@@ -36,11 +37,12 @@ protected:
     /// Shows the former outcome again.
     void endProgress();
     /// Writes the file on another thread and says how it ended, counting the filaments of
-    /// `container`.
+    /// `container`. Who left the screen meanwhile is told of a failure by an alert.
     void writeFile(const QString& path, const QByteArray& bytes, const StoreContainer& container);
 
 private:
     void showOutcome(StatusKind kind, const QString& text);
+    void showWritten(const std::optional<SystemError>& error, const StoreContainer& container);
 
     QVBoxLayout* m_buttons;
     StatusLine* m_status;

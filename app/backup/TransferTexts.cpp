@@ -2,6 +2,8 @@
 
 #include "app/store/StoreContainer.h"
 
+#include <QtCore/QFileInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
@@ -25,6 +27,11 @@ QString TransferTexts::exported(const StoreContainer& container)
 QString TransferTexts::writeFailed(const QString& reason)
 {
     return u"Erreur d'écriture : "_s + reason;
+}
+
+QString TransferTexts::exportFailed(const QString& path)
+{
+    return u"L'export vers « "_s + QFileInfo(path).fileName() + u" » a échoué"_s;
 }
 
 QString TransferTexts::imported(qint64 filaments, bool isBackedUp)

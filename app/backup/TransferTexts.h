@@ -19,6 +19,8 @@ QString exporting();
 QString exported(const StoreContainer& container);
 /// `reason` is a French sentence.
 QString writeFailed(const QString& reason);
+/// For who has left the screen: names the file.
+QString exportFailed(const QString& path);
 
 QString imported(qint64 filaments, bool isBackedUp);
 /// `reason` is a French sentence.

@@ -3,6 +3,7 @@
 #include "tests/app/store/OtherProcess.h"
 #include "tests/support/TestMain.h"
 
+#include <QtCore/QThreadPool>
 #include <QtGui/QFileSystemModel>
 #include <QtWidgets/QLabel>
 
@@ -25,6 +26,8 @@ private slots:
     void theStoreItselfIsNeitherReadNorWritten();
     void aPanelOverTheStoreLeavesItsLock();
     void theScreenMayGoWhileItReads();
+    void whoLeftTheScreenIsToldOfAFailedExport_data();
+    void whoLeftTheScreenIsToldOfAFailedExport();
 };
 
 void TransferScreensTest::theScreensSayWhatTheyAre_data()
@@ -156,6 +159,47 @@ void TransferScreensTest::theScreenMayGoWhileItReads()
     }
     QTest::qWait(50);
     QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+void TransferScreensTest::whoLeftTheScreenIsToldOfAFailedExport_data()
+{
+    QTest::addColumn<QString>("target"); // Of the link that is written to.
+    QTest::addColumn<bool>("isGone"); // Or hidden, about to go.
+    QTest::addColumn<QStringList>("told");
+
+    const QStringList failure{u"L'export vers « lien.csv » a échoué"_s,
+        u"Erreur d'écriture : Ce n'est pas un fichier ordinaire."_s};
+    QTest::newRow("failed, gone") << u"/dev/full"_s << true << failure;
+    QTest::newRow("failed, hidden") << u"/dev/full"_s << false << failure;
+    QTest::newRow("written, gone") << u"table"_s << true << QStringList();
+    QTest::newRow("written, hidden") << u"table"_s << false << QStringList();
+}
+
+void TransferScreensTest::whoLeftTheScreenIsToldOfAFailedExport()
+{
+    QFETCH(QString, target);
+    QFETCH(bool, isGone);
+    BackupFixture fixture;
+    const QString path = fixture.folder.filePath(u"lien.csv"_s);
+    QVERIFY(QFile::link(target, path));
+    QWidget window;
+    auto* screen = new CsvExportView(*fixture.stock, &window);
+    window.show();
+
+    emit openedPanel(*screen, u"Exporter"_s)->fileSelected(path);
+    if (isGone)
+        delete screen;
+    else
+        screen->hide();
+    QThreadPool::globalInstance()->waitForDone();
+    QTest::qWait(20);
+
+    QStringList told;
+    if (const auto* alert = window.findChild<Alert*>()) {
+        QVERIFY(alert->isVisible());
+        told = {alert->windowTitle(), alert->accessibleDescription()};
+    }
+    QTEST(told, "told");
 }
 
 REELHOUSE_TEST(TransferScreensTest)
