@@ -167,7 +167,7 @@ QString SessionManager::address() const
 {
     char* addresses
         = IceComposeNetworkIdList(m_connections->listenerCount, m_connections->listeners);
-    const QString address = QString::fromLocal8Bit(addresses);
+    QString address = QString::fromLocal8Bit(addresses);
     std::free(addresses);
     return address;
 }
