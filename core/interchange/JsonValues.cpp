@@ -38,25 +38,25 @@ QString toText(std::string_view bytes)
 
 std::optional<ExportDecodingError::Kind> readInteger(simdjson::dom::element value, qint64& target)
 {
-    using Refusal = ExportDecodingError::Kind;
+    using Kind = ExportDecodingError::Kind;
     namespace dom = simdjson::dom;
     switch (value.type()) {
     case dom::element_type::INT64:
         target = value.get_int64().value_unsafe();
         return std::nullopt;
     case dom::element_type::UINT64:
-        return Refusal::OutOfRange;
+        return Kind::OutOfRange;
     case dom::element_type::DOUBLE: {
         const double number = value.get_double().value_unsafe();
         if (number != std::floor(number))
-            return Refusal::NotAnInteger;
+            return Kind::NotAnInteger;
         if (std::abs(number) >= firstInexactInteger)
-            return Refusal::OutOfRange;
+            return Kind::OutOfRange;
         target = qint64(number);
         return std::nullopt;
     }
     default:
-        return Refusal::NotAnInteger;
+        return Kind::NotAnInteger;
     }
 }
 
