@@ -5,6 +5,7 @@
 #include "app/ui/TextStyle.h"
 
 #include <QtGui/QPainter>
+#include <QtWidgets/QHBoxLayout>
 
 namespace reelhouse {
 
@@ -33,6 +34,15 @@ void StatTile::setValue(qint64 value)
     updateGeometry();
 }
 
+void StatTile::setCornerMark(QWidget* mark)
+{
+    auto* corner = new QHBoxLayout(this);
+    corner->setContentsMargins(0, 0, 0, 0);
+    corner->addStretch(1);
+    corner->addWidget(mark, 0, Qt::AlignTop);
+    m_cornerWidth = statTileGap + mark->sizeHint().width();
+}
+
 QSize StatTile::sizeHint() const
 {
     const QFontMetrics number(fontOf(TextStyle::TileValue));
@@ -40,7 +50,7 @@ QSize StatTile::sizeHint() const
     return {statTileSquare + statTileGap
             + std::max(
                 number.horizontalAdvance(QString::number(m_value)), word.horizontalAdvance(m_label))
-            + 1,
+            + 1 + m_cornerWidth,
         std::max(statTileSquare, number.height() + word.height())};
 }
 

@@ -22,6 +22,8 @@ public:
     StatTile(QString symbol, ColorsOf colors, QString label, QWidget* parent);
 
     void setValue(qint64 value);
+    /// Puts `mark` into the upper right corner, beside the number.
+    void setCornerMark(QWidget* mark);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -34,6 +36,7 @@ private:
     ColorsOf m_colors;
     QString m_label;
     qint64 m_value = 0;
+    int m_cornerWidth = 0;
 };
 
 } // namespace reelhouse

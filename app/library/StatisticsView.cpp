@@ -115,8 +115,8 @@ QWidget* StatisticsView::makeSummary(QWidget* parent)
         row->setColumnStretch(place, 1);
     }
     // In the corner of the last tile, which is as wide as the others.
-    auto* mark = new IconView(symbolIcon(u"chart.bar.fill"_s), 16, summary);
-    row->addWidget(mark, 0, int(m_tiles.size()) - 1, Qt::AlignTop | Qt::AlignRight);
+    m_tiles.back()->setCornerMark(
+        new IconView(symbolIcon(u"chart.bar.fill"_s), 16, m_tiles.back()));
     return summary;
 }
 
