@@ -31,8 +31,8 @@ NotesField::NotesField(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     document()->setDocumentMargin(3);
-    setViewportMargins(notesSidePadding - notesFrame, notesPadding - 3 - notesFrame, 0,
-        notesPadding - 3 - notesFrame);
+    // The editor takes one pixel more than its lines have, and would scroll without it.
+    setViewportMargins(notesSidePadding - notesFrame, notesPadding - 3 - notesFrame, 0, 0);
     // The field behind is one rounded shape.
     viewport()->setAutoFillBackground(false);
     setAutoFillBackground(false);
@@ -69,7 +69,9 @@ int NotesField::shownLines() const
 
 QSize NotesField::sizeHint() const
 {
-    return {290, shownLines() * fontMetrics().lineSpacing() + 2 * notesPadding};
+    // In lines as the layout has them: each ends on a whole pixel.
+    const int line = qCeil(QFontMetricsF(font()).lineSpacing());
+    return {290, shownLines() * line + 2 * notesPadding};
 }
 
 void NotesField::grow()

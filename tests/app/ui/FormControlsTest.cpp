@@ -13,6 +13,7 @@
 #include <QtWidgets/QColorDialog>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QLineEdit>
+#include <QtWidgets/QScrollBar>
 #include <QtWidgets/QVBoxLayout>
 
 using namespace reelhouse;
@@ -28,6 +29,7 @@ private slots:
     void everyPickedColorIsToldAtOnce();
     void theColorWindowHasAlphaAndNoButtons();
     void theNotesGrowFromFourToEightLines();
+    void theNotesDoNotScrollForAPixel();
     void longLinesCountAsSeveral();
     void theNotesComeBackAsTheyWentIn_data();
     void theNotesComeBackAsTheyWentIn();
@@ -131,6 +133,21 @@ void FormControlsTest::theColorWindowHasAlphaAndNoButtons()
     QCOMPARE(dialog->windowModality(), Qt::WindowModal);
 }
 
+void FormControlsTest::theNotesDoNotScrollForAPixel()
+{
+    for (int points = 8; points <= 24; ++points) {
+        NotesField notes;
+        QFont font = notes.font();
+        font.setPointSize(points);
+        notes.setFont(font);
+        notes.show();
+        notes.resize(290, notes.height());
+        notes.setText(u"a\nb\nc\nd\ne"_s);
+        QCoreApplication::processEvents();
+        QVERIFY2(notes.verticalScrollBar()->maximum() == 0, qPrintable(QString::number(points)));
+    }
+}
+
 void FormControlsTest::theNotesGrowFromFourToEightLines()
 {
     QWidget screen;
@@ -140,7 +157,7 @@ void FormControlsTest::theNotesGrowFromFourToEightLines()
     column->addStretch();
     screen.resize(320, 600);
     screen.show();
-    const int line = notes->fontMetrics().lineSpacing();
+    const int line = qCeil(QFontMetricsF(notes->font()).lineSpacing());
     const auto heightOf = [&](int lines) {
         notes->setText(numberedLines(lines));
         QCoreApplication::processEvents();
