@@ -9,6 +9,8 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QStyleOptionButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
@@ -24,6 +26,17 @@ AddCardButton::AddCardButton(QWidget* parent)
     : QPushButton(addFilamentText(), parent)
 {
     setAutoDefault(false);
+}
+
+QSize AddCardButton::sizeHint() const
+{
+    const QFontMetrics metrics = fontMetrics();
+    int widest = 0;
+    for (const QString& word : text().split(u' '))
+        widest = std::max(widest, metrics.horizontalAdvance(word) + 1);
+    const QRect room(0, 0, widest, QWIDGETSIZE_MAX);
+    const int textHeight = metrics.boundingRect(room, Qt::TextWordWrap, text()).height();
+    return {widest + 2 * CardLayout::padding, addSymbolSide + addSymbolGap + textHeight};
 }
 
 void AddCardButton::focusInEvent(QFocusEvent* event)

@@ -11,6 +11,9 @@ class AddCardButton final : public QPushButton {
 public:
     explicit AddCardButton(QWidget* parent);
 
+    /// With one word a line.
+    QSize sizeHint() const override;
+
 signals:
     /// The focus came here, and not by the mouse.
     void focused();

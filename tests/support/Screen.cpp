@@ -27,16 +27,31 @@ std::unique_ptr<Reply, Free> owned(Reply* reply)
 }
 
 constexpr uint8_t leftButton = 1;
-constexpr int caretPixels = 100; // A blinking text caret is not movement.
+// A blinking text caret is not movement.
+constexpr int caretPixels = 100;
+constexpr int widestCaret = 6; ///< On a screen of many pixels.
 
 bool isSame(const QImage& before, const QImage& after)
 {
+    if (before.size() != after.size())
+        return false;
     int different = 0;
+    int left = after.width();
+    int right = -1;
     for (int y = 0; y < after.height(); ++y) {
-        for (int x = 0; x < after.width(); ++x)
-            different += before.pixel(x, y) != after.pixel(x, y) ? 1 : 0;
+        if (std::memcmp(
+                before.constScanLine(y), after.constScanLine(y), size_t(after.bytesPerLine()))
+            == 0)
+            continue;
+        for (int x = 0; x < after.width(); ++x) {
+            if (before.pixel(x, y) == after.pixel(x, y))
+                continue;
+            ++different;
+            left = std::min(left, x);
+            right = std::max(right, x);
+        }
     }
-    return different <= caretPixels;
+    return different <= caretPixels || right - left < widestCaret;
 }
 
 pid_t processOf(const QByteArray& property)
@@ -128,13 +143,15 @@ bool Screen::waitForRest(const QRect& area, std::chrono::milliseconds rest) cons
     constexpr std::chrono::milliseconds step(50);
     const QDeadlineTimer deadline(std::chrono::minutes(1));
     QImage before = picture(area);
-    for (std::chrono::milliseconds rested(0); rested < rest; rested += step) {
+    // By the clock: a picture of a large area takes its time, too.
+    QDeadlineTimer end(rest);
+    while (!end.hasExpired()) {
         if (deadline.hasExpired())
             return false;
         std::this_thread::sleep_for(step);
         QImage now = picture(area);
         if (now.isNull() || !isSame(before, now))
-            rested = -step;
+            end.setRemainingTime(rest);
         before = std::move(now);
     }
     return true;

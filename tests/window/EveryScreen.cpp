@@ -63,13 +63,13 @@ void EveryScreen::visitMenus()
     focusList(u"table"_s);
     key(Key::f10, {Key::shift});
     see(u"context-menu"_s);
-    key(Key::escape);
+    closeMenu();
     press(u"Type"_s);
     see(u"capsule-menu"_s);
-    key(Key::escape);
+    closeMenu();
     press(u"Filtres favoris"_s);
     see(u"favorites-menu"_s);
-    key(Key::escape);
+    closeMenu();
 }
 
 void EveryScreen::visitEditing()
@@ -159,8 +159,35 @@ void EveryScreen::visitTransfer(const QString& document)
             return m_desktop.screen().find(u"Effacer les données existantes ?"_s).has_value();
         });
         openSheet([] {}, u"import-question"_s);
+        press(u"Importer et tout remplacer"_s);
+        waitForWindows(--m_openSheets);
+        see(u"imported"_s);
     }
+    command(u"Stock de filaments"_s);
+    visitImported();
+}
+
+void EveryScreen::visitImported()
+{
+    see(u"imported-list"_s);
+    focusList(u"table"_s);
+    openSheet([this] { key(Key::enter); }, u"imported-detail"_s);
     closeSheet();
+    openSheet([this] { key(Key::del); }, u"imported-delete"_s);
+    closeSheet();
+    key('2', {Key::control});
+    see(u"imported-cards"_s);
+    key('3', {Key::control});
+    see(u"imported-statistics"_s);
+    key('1', {Key::control});
+    press(u"Type"_s);
+    rest();
+    for (const xcb_keysym_t next : {Key::down, Key::down, Key::enter})
+        key(next);
+    see(u"imported-filtered"_s);
+    press(u"Effacer"_s);
+    command(u"Types de filament"_s);
+    see(u"imported-types"_s);
     command(u"Stock de filaments"_s);
 }
 
@@ -257,10 +284,21 @@ void EveryScreen::openSheet(const std::function<void()>& open, const QString& sc
 void EveryScreen::closeSheet()
 {
     --m_openSheets;
-    key(Key::escape);
-    if (!waitForWindows(m_openSheets))
+    // Pressed before the keyboard came to the sheet, Escape went elsewhere.
+    bool isClosed = false;
+    for (int attempt = 0; attempt < 2 && !isClosed; ++attempt) {
+        key(Key::escape);
+        isClosed = waitForWindows(m_openSheets);
+    }
+    if (!isClosed)
         m_missing += u"the end of a sheet"_s;
     rest();
+}
+
+void EveryScreen::closeMenu()
+{
+    key(Key::escape);
+    rest(); // The next key would be the menu's, too.
 }
 
 void EveryScreen::see(const QString& scene)
@@ -315,7 +353,7 @@ bool EveryScreen::waitForWindows(int count)
             return std::ranges::count(windows, m_program.processId(), &Screen::Window::processId)
                 == count + 1;
         },
-        8s);
+        4s);
 }
 
 } // namespace reelhouse::tests

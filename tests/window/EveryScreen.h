@@ -21,8 +21,8 @@ public:
 
     EveryScreen(VirtualDesktop& desktop, ScreenReader& reader, RunningProgram& program, Look look);
 
-    /// Shows what there is to see of the sample stock; then empties the stock. `document` is one
-    /// that can be imported. Returns what could not be shown.
+    /// Shows what there is to see of the sample stock, then of the one in the file `document`, then
+    /// of an empty one. Returns what could not be shown.
     QStringList visit(const QString& document);
     /// Shows what there is to see when the stock cannot be opened.
     QStringList visitTemporaryStore();
@@ -34,6 +34,7 @@ private:
     void visitFavorites();
     void visitReferences();
     void visitTransfer(const QString& document);
+    void visitImported();
     void visitPrinting();
     void visitShell();
     void visitEmptyStock();
@@ -43,6 +44,7 @@ private:
     void press(const QString& button);
     void openSheet(const std::function<void()>& open, const QString& scene);
     void closeSheet();
+    void closeMenu();
     void see(const QString& scene);
     void rest();
     void focusList(const QString& role);

@@ -1,3 +1,4 @@
+#include "tests/support/LongNames.h"
 #include "tests/support/TestMain.h"
 #include "tests/window/EveryScreen.h"
 #include "tests/window/RunningProgram.h"
@@ -5,7 +6,6 @@
 #include "tests/window/TestHome.h"
 #include "tests/window/VirtualDesktop.h"
 
-#include <QtCore/QDir>
 #include <QtTest/QTest>
 
 using namespace Qt::StringLiterals;
@@ -59,9 +59,6 @@ void EveryScreenWalk::everyControlCanBeCalled()
     ScreenReader reader(home, desktop.display());
     RunningProgram program(home, desktop);
     QVERIFY(program.waitForWindow().has_value());
-    const QDir backups(home.dataFolder() + u"/Backups"_s);
-    const QStringList documents = backups.entryList(QDir::Files);
-    QCOMPARE(documents.size(), 1);
     QStringList found;
     int sceneCount = 0;
     EveryScreen screens(desktop, reader, program, [&](const QString& scene) {
@@ -69,7 +66,7 @@ void EveryScreenWalk::everyControlCanBeCalled()
         found += faults(scene, reader);
     });
 
-    const QStringList missing = screens.visit(backups.filePath(documents.first()));
+    const QStringList missing = screens.visit(home.addDocument(longNames()));
 
     QCOMPARE(missing.join(u'\n'), QString());
     QVERIFY2(found.isEmpty(), qPrintable(found.join(u'\n')));

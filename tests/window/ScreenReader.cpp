@@ -254,6 +254,13 @@ bool ScreenReader::waitForAnnouncement(const QString& text)
         5s);
 }
 
+QStringList ScreenReader::ask(const QString& service, const QString& question) const
+{
+    const QDBusReply<QStringList> answer
+        = m_session.call(QDBusMessage::createMethodCall(service, u"/"_s, service, question));
+    return answer.isValid() ? answer.value() : QStringList{answer.error().message()};
+}
+
 void ScreenReader::hear(const QDBusMessage& message)
 {
     const QVariantList what = message.arguments();

@@ -43,6 +43,9 @@ public:
     QStringList takeAnnouncements();
     bool waitForAnnouncement(const QString& text);
 
+    /// What an object of a program on the session bus answers to a call without arguments.
+    QStringList ask(const QString& service, const QString& question) const;
+
 private slots:
     void hear(const QDBusMessage& message);
 

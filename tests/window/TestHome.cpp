@@ -82,14 +82,23 @@ void TestHome::setVariable(const QString& name, const QString& value)
 
 void TestHome::darken()
 {
-    // Qt reads the colours of this desktop from a file, without any of its programs installed.
+    addToDesktop("[Colors:Button]\nBackgroundNormal=49,49,54\n"
+                 "[Colors:Window]\nBackgroundNormal=30,30,34\n");
+}
+
+void TestHome::enlargeFonts()
+{
+    addToDesktop("[General]\nfont=Inter,20,-1,5,50,0,0,0,0,0\n"
+                 "menuFont=Inter,20,-1,5,50,0,0,0,0,0\n");
+}
+
+void TestHome::addToDesktop(const QByteArray& lines)
+{
+    // Qt reads the settings of this desktop from a file, without any of its programs installed.
     QDir().mkpath(path(u".config"_s));
-    QFile colors(path(u".config/kdeglobals"_s));
-    if (!colors.open(QFile::WriteOnly)
-        || colors.write("[Colors:Button]\nBackgroundNormal=49,49,54\n"
-                        "[Colors:Window]\nBackgroundNormal=30,30,34\n")
-            < 0)
-        qFatal("No colours for the desktop.");
+    QFile settings(path(u".config/kdeglobals"_s));
+    if (!settings.open(QFile::WriteOnly | QFile::Append) || settings.write(lines) < 0)
+        qFatal("No settings for the desktop.");
     setVariable(u"XDG_CURRENT_DESKTOP"_s, u"KDE"_s);
     setVariable(u"KDE_SESSION_VERSION"_s, u"5"_s);
 }
@@ -149,6 +158,14 @@ void TestHome::writePreferenceFile(const QByteArray& bytes) const
     QFile file(preferencesFile());
     if (!file.open(QFile::WriteOnly | QFile::Truncate) || file.write(bytes) != bytes.size())
         qFatal("The preferences cannot be written.");
+}
+
+QString TestHome::addDocument(const QByteArray& bytes) const
+{
+    QFile document(path(u"Documents/stock.json"_s));
+    if (!document.open(QFile::WriteOnly) || document.write(bytes) < 0)
+        qFatal("The document cannot be written.");
+    return document.fileName();
 }
 
 void TestHome::breakStore() const

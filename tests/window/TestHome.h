@@ -21,12 +21,16 @@ public:
     void setVariable(const QString& name, const QString& value);
     /// Makes the desktop of this user a dark one, for programs started from now on.
     void darken();
+    /// Gives the desktop of this user a large font, for programs started from now on.
+    void enlargeFonts();
 
     QString dataFolder() const;
     QString storeFile() const;
     QString preferencesFile() const;
     /// Every file and folder under the home, by its path relative to it.
     QStringList everything() const;
+    /// Puts a document into the user's folder and returns where it is.
+    QString addDocument(const QByteArray& bytes) const;
     /// Puts something that cannot be opened where the store is.
     void breakStore() const;
 
@@ -51,6 +55,8 @@ public:
 
 private:
     QString path(const QString& relative) const;
+    /// Adds lines to the file from which Qt takes the colours and fonts of a desktop.
+    void addToDesktop(const QByteArray& lines);
 
     QTemporaryDir m_folder;
     QMap<QString, QString> m_variables;
