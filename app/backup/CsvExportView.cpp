@@ -15,11 +15,10 @@ namespace reelhouse {
 CsvExportView::CsvExportView(StoreContainer& container, QWidget* parent)
     : TransferScreen(u"tablecells"_s, u"Export CSV"_s,
         u"Exportez votre stock de filaments\nau format CSV, compatible tableurs (Excel, Numbers…)."_s,
-        parent)
+        {{u"tablecells"_s, u"Exporter"_s}}, parent)
     , m_container(container)
 {
-    connect(addButton(u"tablecells"_s, u"Exporter"_s), &QPushButton::clicked, this,
-        &CsvExportView::exportStock);
+    connect(button(0), &QPushButton::clicked, this, &CsvExportView::exportStock);
 }
 
 void CsvExportView::exportStock()

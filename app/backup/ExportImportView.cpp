@@ -35,14 +35,13 @@ ExportImportView::ExportImportView(
     StoreContainer& container, const Preferences& preferences, QWidget* parent)
     : TransferScreen(u"square.and.arrow.down.on.square"_s, u"Export et Import"_s,
         u"Sauvegardez ou restaurez l'intégralité\nde votre stock de filaments au format JSON."_s,
+        {{u"square.and.arrow.up"_s, u"Exporter"_s}, {u"square.and.arrow.down"_s, u"Importer"_s}},
         parent)
     , m_container(container)
     , m_preferences(preferences)
 {
-    connect(addButton(u"square.and.arrow.up"_s, u"Exporter"_s), &QPushButton::clicked, this,
-        &ExportImportView::exportStock);
-    connect(addButton(u"square.and.arrow.down"_s, u"Importer"_s), &QPushButton::clicked, this,
-        &ExportImportView::chooseDocument);
+    connect(button(0), &QPushButton::clicked, this, &ExportImportView::exportStock);
+    connect(button(1), &QPushButton::clicked, this, &ExportImportView::chooseDocument);
 }
 
 void ExportImportView::exportStock()

@@ -49,18 +49,24 @@ void tellFailedExport(const QString& path, const SystemError& error, QWidget* wi
 
 } // namespace
 
-TransferScreen::TransferScreen(
-    const QString& symbol, const QString& title, const QString& explanation, QWidget* parent)
+TransferScreen::TransferScreen(const QString& symbol, const QString& title,
+    const QString& explanation, const QList<ButtonTexts>& buttons, QWidget* parent)
     : QWidget(parent)
-    , m_buttons(new QVBoxLayout)
-    , m_status(new StatusLine(this))
+    , m_status(nullptr)
 {
-    // Children come into being in reading order: that is the order assistive technology reads.
+    // Children come into being in reading order: that is the order assistive technology reads, and
+    // the one of Tab.
     auto* icon = new GradientSymbol(symbol, transferSymbolSide, this);
     QLabel* titleLabel = centredText(title, TextStyle::Display, this);
     QLabel* explanationLabel = centredText(explanation, TextStyle::Body, this);
     setTextTone(explanationLabel, TextTone::Secondary);
-    m_buttons->setSpacing(8);
+    auto* buttonColumn = new QVBoxLayout;
+    buttonColumn->setSpacing(8);
+    for (const ButtonTexts& texts : buttons) {
+        m_buttons << makeButton(texts);
+        buttonColumn->addWidget(m_buttons.last());
+    }
+    m_status = new StatusLine(this);
     m_status->setCentred();
 
     auto* column = new QVBoxLayout(this);
@@ -75,7 +81,7 @@ TransferScreen::TransferScreen(
     column->addSpacing(26);
     auto* buttonRow = new QHBoxLayout;
     buttonRow->addStretch(1);
-    buttonRow->addLayout(m_buttons);
+    buttonRow->addLayout(buttonColumn);
     buttonRow->addStretch(1);
     column->addLayout(buttonRow);
     column->addSpacing(22);
@@ -86,13 +92,11 @@ TransferScreen::TransferScreen(
     column->addStretch(1);
 }
 
-QPushButton* TransferScreen::addButton(const QString& symbol, const QString& text)
+QPushButton* TransferScreen::makeButton(const ButtonTexts& texts)
 {
-    auto* button = new QPushButton(symbolIcon(symbol, &Theme::textPrimary), text, this);
+    auto* button = new QPushButton(symbolIcon(texts.symbol, &Theme::textPrimary), texts.text, this);
     setTextStyle(button, TextStyle::Name);
     button->setMinimumHeight(transferButtonHeight);
-    m_buttons->addWidget(button);
-    m_status->raise(); // the last child in reading order
     return button;
 }
 

@@ -5,7 +5,6 @@
 #include <QtWidgets/QWidget>
 
 class QPushButton;
-class QVBoxLayout;
 
 namespace reelhouse {
 
@@ -23,11 +22,16 @@ public:
     bool isBusy() const { return m_isBusy; }
 
 protected:
-    TransferScreen(
-        const QString& symbol, const QString& title, const QString& explanation, QWidget* parent);
+    struct ButtonTexts {
+        QString symbol;
+        QString text;
+    };
 
-    /// Adds a button below those there are.
-    QPushButton* addButton(const QString& symbol, const QString& text);
+    TransferScreen(const QString& symbol, const QString& title, const QString& explanation,
+        const QList<ButtonTexts>& buttons, QWidget* parent);
+
+    /// In the order given to the constructor.
+    QPushButton* button(int place) const { return m_buttons.at(place); }
 
     void showSuccess(const QString& text) { showOutcome(StatusKind::Success, text); }
     void showError(const QString& text) { showOutcome(StatusKind::Error, text); }
@@ -41,10 +45,11 @@ protected:
     void writeFile(const QString& path, const QByteArray& bytes, const StoreContainer& container);
 
 private:
+    QPushButton* makeButton(const ButtonTexts& texts);
     void showOutcome(StatusKind kind, const QString& text);
     void showWritten(const std::optional<SystemError>& error, const StoreContainer& container);
 
-    QVBoxLayout* m_buttons;
+    QList<QPushButton*> m_buttons;
     StatusLine* m_status;
     StatusKind m_outcomeKind = StatusKind::Success;
     QString m_outcome;

@@ -1,13 +1,14 @@
 #include "app/shell/BackupReport.h"
 
+#include "app/ui/FocusRing.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
+#include "app/ui/SelectableLabel.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
 #include <QtGui/QAccessible>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int reportIconSide = 13;
 constexpr int reportGap = 6;
+constexpr int reportRing = int(focusRingInset); ///< What the label leaves around its text.
 
 struct ReportLook {
     QString symbol;
@@ -42,18 +44,15 @@ ReportLook reportLook(BackupOutcome outcome)
 BackupReport::BackupReport(QWidget* parent)
     : QWidget(parent)
     , m_icon(new IconView(QIcon(), reportIconSide, this))
-    , m_label(new QLabel(this))
+    , m_label(new SelectableLabel(this))
 {
     setTextStyle(m_label, TextStyle::Caption);
-    m_label->setTextFormat(Qt::PlainText);
-    m_label->setWordWrap(true);
-    m_label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(reportGap);
+    row->setSpacing(reportGap - reportRing);
     row->addStretch(1);
     row->addWidget(m_icon);
-    row->addWidget(m_label);
+    row->addWidget(m_label, 0, Qt::AlignVCenter);
     m_icon->hide();
     m_label->hide();
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -81,8 +80,9 @@ void BackupReport::resizeEvent(QResizeEvent* event)
 
 void BackupReport::fitText()
 {
-    const int room = width() - reportIconSide - reportGap;
-    const int wanted = m_label->fontMetrics().horizontalAdvance(m_label->text()) + 2;
+    const int room = width() - reportIconSide - reportGap + reportRing;
+    const int wanted
+        = m_label->fontMetrics().horizontalAdvance(m_label->text()) + 2 + 2 * reportRing;
     m_label->setFixedWidth(std::max(0, std::min(room, wanted)));
 }
 

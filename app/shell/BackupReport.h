@@ -2,11 +2,10 @@
 
 #include <QtWidgets/QWidget>
 
-class QLabel;
-
 namespace reelhouse {
 
 class IconView;
+class SelectableLabel;
 
 enum class BackupOutcome : quint8 { Done, Skipped, Failed };
 
@@ -28,7 +27,7 @@ private:
     void fitText();
 
     IconView* m_icon;
-    QLabel* m_label;
+    SelectableLabel* m_label;
 };
 
 } // namespace reelhouse

@@ -7,6 +7,7 @@
 #include "app/store/StoreContainer.h"
 #include "app/ui/Alert.h"
 #include "app/ui/ButtonLook.h"
+#include "app/ui/FocusRing.h"
 #include "app/ui/FormGroup.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
@@ -135,7 +136,7 @@ void SettingsView::addBackupGroup()
     group->addRow(u"Sauvegarder automatiquement au démarrage"_s, m_backupOnLaunch);
     group->addRow(u"Sauvegarder automatiquement en quittant"_s, m_backupOnQuit);
     group->addRow(m_maxBackups->label(), m_maxBackups);
-    group->addRow(backupLine);
+    group->addRow(backupLine, int(focusRingInset));
     group->addRow(buttonLine({backUp, purge}));
     group->addRow(u"Dossier des sauvegardes"_s, open);
 

@@ -3,6 +3,7 @@
 #include "app/store/StoreTexts.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
+#include "app/ui/SelectableLabel.h"
 #include "app/ui/Symbol.h"
 #include "app/ui/TextStyle.h"
 
@@ -30,12 +31,10 @@ QLabel* makeTitle(QWidget* parent)
 
 QLabel* makeMessage(const QString& text, QWidget* parent)
 {
-    auto* message = new QLabel(text, parent);
+    auto* message = new SelectableLabel(parent);
     message->setObjectName(u"message"_s);
-    message->setTextFormat(Qt::PlainText);
-    message->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    message->setText(text);
     message->setAlignment(Qt::AlignCenter);
-    message->setWordWrap(true);
     setTextStyle(message, TextStyle::Callout);
     setTextTone(message, TextTone::Secondary);
     return message;

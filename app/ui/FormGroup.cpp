@@ -54,11 +54,11 @@ void FormGroup::addRow(QLabel* label, QWidget* control)
     addRowOf(label, nullptr, control, Qt::AlignVCenter);
 }
 
-void FormGroup::addRow(QWidget* content)
+void FormGroup::addRow(QWidget* content, int ring)
 {
     auto* row = new QWidget(this);
     auto* line = new QHBoxLayout(row);
-    line->setContentsMargins(groupRowMargins);
+    line->setContentsMargins(groupRowMargins - QMargins(0, ring, ring, ring));
     addLeastHeight(*line);
     line->addWidget(content);
     m_column->addWidget(row);

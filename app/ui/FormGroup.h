@@ -20,8 +20,9 @@ public:
     void addRow(QLabel* label, QWidget* control);
     /// With something said of the control right in front of it, such as the code of a colour.
     QLabel* addRow(const QString& label, QWidget* note, QWidget* control);
-    /// A row of its own making: nothing is put in front of it.
-    void addRow(QWidget* content);
+    /// A row of its own making: nothing is put in front of it. Of the room that it leaves around
+    /// itself for a focus ring, `ring` pixels reach into the row's margins, except at the left.
+    void addRow(QWidget* content, int ring = 0);
     /// A row for a control of several lines: the label stands at its first line.
     QLabel* addTallRow(const QString& label, QWidget* control);
 

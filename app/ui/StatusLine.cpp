@@ -1,8 +1,10 @@
 #include "app/ui/StatusLine.h"
 
+#include "app/ui/FocusRing.h"
 #include "app/ui/IconView.h"
 #include "app/ui/Palette.h"
 #include "app/ui/RoundedPanel.h"
+#include "app/ui/SelectableLabel.h"
 #include "app/ui/ShownText.h"
 #include "app/ui/Symbol.h"
 
@@ -11,7 +13,6 @@
 #include <QtGui/QPainter>
 #include <QtWidgets/QGraphicsOpacityEffect>
 #include <QtWidgets/QHBoxLayout>
-#include <QtWidgets/QLabel>
 #include <QtWidgets/QStyle>
 
 #include <algorithm>
@@ -27,6 +28,7 @@ constexpr int linePadding = 12;
 constexpr int verticalPadding = 8;
 constexpr int lineIconSide = 15;
 constexpr int iconGap = 8;
+constexpr int textRing = int(focusRingInset); ///< What the label leaves around its text.
 constexpr qreal panelRadius = 9;
 constexpr int lineFadeDuration = 150; // milliseconds
 
@@ -105,16 +107,17 @@ StatusLine::StatusLine(QWidget* parent)
     , m_row(new QHBoxLayout(this))
     , m_panel(new Panel(this))
     , m_icon(new IconView(QIcon(), lineIconSide, m_panel))
-    , m_label(new QLabel(m_panel))
+    , m_label(new SelectableLabel(m_panel))
 {
-    m_label->setTextFormat(Qt::PlainText);
-    m_label->setWordWrap(true);
-    m_label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
+    auto* iconColumn = new QVBoxLayout;
+    iconColumn->setContentsMargins(0, textRing, 0, 0);
+    iconColumn->addWidget(m_icon, 0, Qt::AlignTop);
     auto* content = new QHBoxLayout(m_panel);
-    content->setContentsMargins(linePadding, verticalPadding, linePadding, verticalPadding);
-    content->setSpacing(iconGap);
-    content->addWidget(m_icon, 0, Qt::AlignTop);
+    content->setContentsMargins(linePadding, verticalPadding - textRing, linePadding - textRing,
+        verticalPadding - textRing);
+    content->setSpacing(iconGap - textRing);
+    content->addLayout(iconColumn);
     content->addWidget(m_label, 1);
 
     m_row->setContentsMargins(0, 0, 0, 0);

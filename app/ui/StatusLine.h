@@ -3,11 +3,11 @@
 #include <QtWidgets/QWidget>
 
 class QHBoxLayout;
-class QLabel;
 
 namespace reelhouse {
 
 class IconView;
+class SelectableLabel;
 
 enum class StatusKind {
     Success,
@@ -17,8 +17,8 @@ enum class StatusKind {
 };
 
 /// One line that says how the last action ended, on a ground of its own. Its room is kept while it
-/// is empty, so that nothing jumps. The text wraps, can be selected, and is announced; of a very
-/// long one the middle is left out (shownText).
+/// is empty, so that nothing jumps. The text wraps, can be selected, and is announced; Tab stops at
+/// it while there is one. Of a very long one the middle is left out (shownText).
 class StatusLine final : public QWidget {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private:
     QHBoxLayout* m_row;
     Panel* m_panel;
     IconView* m_icon;
-    QLabel* m_label;
+    SelectableLabel* m_label;
     QString m_text;
 };
 

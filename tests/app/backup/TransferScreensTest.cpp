@@ -25,6 +25,7 @@ private slots:
     void theStoreItselfIsNeitherReadNorWritten_data();
     void theStoreItselfIsNeitherReadNorWritten();
     void aPanelOverTheStoreLeavesItsLock();
+    void tabGoesFromTheButtonsToTheStatus();
     void theScreenMayGoWhileItReads();
     void whoLeftTheScreenIsToldOfAFailedExport_data();
     void whoLeftTheScreenIsToldOfAFailedExport();
@@ -145,6 +146,31 @@ void TransferScreensTest::aPanelOverTheStoreLeavesItsLock()
             ::_exit(1);
     });
     other.waitForReport();
+}
+
+void TransferScreensTest::tabGoesFromTheButtonsToTheStatus()
+{
+    TransferFixture fixture;
+    QWidget window;
+    auto* outside = new QPushButton(u"Ailleurs"_s, &window);
+    fixture.view.setParent(&window);
+    window.show();
+    QTRY_COMPARE(QApplication::activeWindow(), &window);
+    fixture.view.importFile(fixture.folder.filePath(u"absent.json"_s));
+    QVERIFY(outcomeOf(fixture.view).startsWith(u"Erreur d'import : "_s));
+    outside->setFocus();
+
+    QList<QWidget*> stops;
+    for (int press = 0; press < 4; ++press) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        stops << QApplication::focusWidget();
+    }
+
+    QWidget* status = fixture.view.findChild<StatusLine*>()->findChild<QLabel*>();
+    fixture.view.setParent(nullptr);
+    QCOMPARE(stops,
+        QList<QWidget*>({buttonOf(fixture.view, u"Exporter"_s),
+            buttonOf(fixture.view, u"Importer"_s), status, outside}));
 }
 
 void TransferScreensTest::theScreenMayGoWhileItReads()

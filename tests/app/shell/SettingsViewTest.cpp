@@ -36,6 +36,7 @@ private slots:
     void aBackupThatFailsSaysWhy();
     void theTemporaryStockIsNotBackedUp();
     void whatIsReportedNeverWidensTheSheet();
+    void tabReachesWhatIsReported();
     void purgingTakesTheUnsavedCount();
     void theDesktopShowsFolderAndFile();
     void favoritesAreAskedFor();
@@ -261,6 +262,22 @@ void SettingsViewTest::whatIsReportedNeverWidensTheSheet()
     const auto* text = report.findChild<QLabel*>();
     QVERIFY(report.rect().contains(text->geometry()));
     QVERIFY(text->heightForWidth(text->width()) <= text->height());
+}
+
+void SettingsViewTest::tabReachesWhatIsReported()
+{
+    SettingsFixture fixture(StoreKind::Memory);
+    const SettingsView& sheet = fixture.open();
+    QPushButton& button = fixture.button(u"Sauvegarder maintenant"_s);
+    button.click();
+    const auto* text = sheet.findChild<BackupReport*>()->findChild<QLabel*>();
+    QTRY_COMPARE(QApplication::activeWindow(), &sheet);
+    button.setFocus();
+
+    QTest::keyClick(&button, Qt::Key_Backtab, Qt::ShiftModifier);
+
+    QCOMPARE(QApplication::focusWidget(), text);
+    QCOMPARE(text->selectedText(), u"Aucune sauvegarde n'a été créée (mode base temporaire)."_s);
 }
 
 void SettingsViewTest::purgingTakesTheUnsavedCount()

@@ -70,6 +70,7 @@ void StoreScreensTest::theFailureScreenShowsTheWholeMessageForCopying()
     QCOMPARE(message->textFormat(), Qt::PlainText);
     QVERIFY(message->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
     QVERIFY(message->textInteractionFlags().testFlag(Qt::TextSelectableByKeyboard));
+    QVERIFY(message->focusPolicy() & Qt::TabFocus);
 }
 
 void StoreScreensTest::theFailureScreenAsksForTheDataFolder()

@@ -6,9 +6,11 @@
 #include "tests/app/ui/AccessibleFacts.h"
 #include "tests/support/TestMain.h"
 
+#include <QtGui/QClipboard>
 #include <QtGui/QTextDocument>
 #include <QtTest/QSignalSpy>
 #include <QtTest/QTest>
+#include <QtWidgets/QApplication>
 #include <QtWidgets/QLabel>
 #include <QtWidgets/QPushButton>
 #include <QtWidgets/QToolButton>
@@ -33,7 +35,8 @@ private slots:
     void ofAVeryLongStatusTheMiddleIsLeftOut();
     void aStatusOfOneEndlessWordStaysInItsWindow_data();
     void aStatusOfOneEndlessWordStaysInItsWindow();
-    void theStatusCanBeSelected();
+    void theStatusIsSelectedAndCopiedByTheKeyboard();
+    void anEmptyStatusIsNoStopOfTab();
     void anEmptyStateShowsItsTextsAndButton();
     void anEmptyStateShowsALongTextWhole();
     void aSpinnerIsAProgressBarOfUnknownLength();
@@ -231,14 +234,44 @@ void SmallWidgetsTest::aStatusOfOneEndlessWordStaysInItsWindow()
         qPrintable(QString::number(label->height())));
 }
 
-void SmallWidgetsTest::theStatusCanBeSelected()
+void SmallWidgetsTest::theStatusIsSelectedAndCopiedByTheKeyboard()
 {
-    StatusLine line;
-    line.showMessage(StatusKind::Error, u"Erreur"_s);
+    Screen screen;
+    auto* button = new QPushButton(u"Exporter"_s, &screen);
+    button->show();
+    screen.line().showMessage(StatusKind::Error, u"Erreur d'écriture : Espace insuffisant"_s);
+    auto* label = screen.line().findChild<QLabel*>();
+    QVERIFY(label->textInteractionFlags().testFlag(Qt::TextSelectableByMouse));
+    QTRY_COMPARE(QApplication::activeWindow(), &screen);
+    button->setFocus();
+    const QImage before = label->grab().toImage();
 
-    const Qt::TextInteractionFlags flags = line.findChild<QLabel*>()->textInteractionFlags();
-    QVERIFY(flags.testFlag(Qt::TextSelectableByMouse));
-    QVERIFY(flags.testFlag(Qt::TextSelectableByKeyboard));
+    QTest::keyClick(button, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), label);
+    QCOMPARE(label->selectedText(), u"Erreur d'écriture : Espace insuffisant"_s);
+    QTest::keyClick(label, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"Erreur d'écriture : Espace insuffisant"_s);
+    const QPoint ring(1, label->height() / 2);
+    QVERIFY(label->grab().toImage().pixelColor(ring) != before.pixelColor(ring));
+
+    QTest::keyClick(label, Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), button);
+    QVERIFY(!label->hasSelectedText());
+}
+
+void SmallWidgetsTest::anEmptyStatusIsNoStopOfTab()
+{
+    Screen screen;
+    auto* button = new QPushButton(u"Exporter"_s, &screen);
+    button->show();
+    screen.line().showMessage(StatusKind::Success, u"Export réussi"_s);
+    screen.line().clear();
+    QTRY_COMPARE(QApplication::activeWindow(), &screen);
+    button->setFocus();
+
+    QTest::keyClick(button, Qt::Key_Tab);
+
+    QCOMPARE(QApplication::focusWidget(), button);
 }
 
 void SmallWidgetsTest::anEmptyStateShowsALongTextWhole()
