@@ -300,7 +300,7 @@ void DurableFilesTest::aFileForWhichMemoryLacksIsRefused()
 {
     if (!canLimitMemory)
         QSKIP("memory cannot be limited under the sanitizer");
-    constexpr qint64 megabyte = 1024 * 1024;
+    constexpr qint64 megabyte = qint64{1024} * 1024;
     QFile file(path());
     QVERIFY(file.open(QIODevice::WriteOnly));
     QVERIFY(file.resize(200 * megabyte));

@@ -46,7 +46,7 @@ int refusal(ExportDecodingError::Kind kind)
     return 1 + int(kind);
 }
 
-constexpr qint64 megabyte = 1024 * 1024;
+constexpr qint64 megabyte = qint64{1024} * 1024;
 
 } // namespace
 
