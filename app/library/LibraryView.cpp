@@ -36,9 +36,20 @@
 #include <QtWidgets/QStackedWidget>
 #include <QtWidgets/QVBoxLayout>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace reelhouse {
+
+namespace {
+
+QString sampleNote()
+{
+    return u"Stock d'exemple, à essayer ou à effacer dans les réglages"_s;
+}
+
+} // namespace
 
 LibraryView::LibraryView(StoreContainer& container, Preferences& preferences,
     FilterFavoritesStore& favorites, QWidget* parent)
@@ -171,7 +182,20 @@ void LibraryView::seedOnce()
 {
     if (std::exchange(m_didSeed, true) || m_container.usesMemoryStore())
         return;
-    SampleData::seed(m_container.context(), m_preferences);
+    StoreContext& context = m_container.context();
+    const bool wasEmpty = context.count<Filament>() == 0;
+    SampleData::seed(context, m_preferences);
+    if (!wasEmpty)
+        return;
+    for (const auto& filament : context.fetchAll<Filament>())
+        m_sample.push_back(filament->id());
+    m_isStale = true;
+}
+
+bool LibraryView::hasSampleFilament() const
+{
+    return std::ranges::any_of(
+        m_sample, [this](FilamentId id) { return m_container.context().find(id) != nullptr; });
 }
 
 void LibraryView::refreshWhenShown()
@@ -189,6 +213,7 @@ void LibraryView::refresh()
     StoreContext& context = m_container.context();
     const StockTotals totals = stockTotals(context);
     m_statusBar->setTotals(totals);
+    m_statusBar->setNote(hasSampleFilament() ? sampleNote() : QString());
     if (m_viewMode == ViewMode::Stats)
         m_statistics->setStock(totals, stockDistribution(context));
     else if (m_viewMode == ViewMode::Cards)

@@ -74,6 +74,7 @@ private:
         const QString& text, const QKeySequence& key, const std::function<void()>& action);
     void restoreViewMode();
     void seedOnce();
+    bool hasSampleFilament() const;
     void applyPendingFavoriteIfNeeded();
     void refreshWhenShown();
     /// For when the stock or the mode changed.
@@ -97,6 +98,7 @@ private:
     std::optional<FilterFavorite> m_pendingFavorite;
     ViewMode m_viewMode = ViewMode::List;
     bool m_didSeed = false;
+    std::vector<FilamentId> m_sample; ///< What was seeded in this run of the program.
     bool m_isStale = true;
     bool m_hasResult = false;
     FilamentId m_selectedFilament; ///< In the mode that was left last.

@@ -14,6 +14,7 @@ namespace reelhouse {
 StatusBarView::StatusBarView(QWidget* parent)
     : QWidget(parent)
     , m_empty(new QLabel(u"Stock vide"_s, this))
+    , m_note(new QLabel(this))
     , m_items{new StatusItem(u"cube.fill"_s, QColor(0x4F8FF7), this),
           new StatusItem(u"circle.grid.2x2.fill"_s, QColor(0xF6A25C), this),
           new StatusItem(u"scissors"_s, QColor(0x2EC4B6), this),
@@ -30,8 +31,32 @@ StatusBarView::StatusBarView(QWidget* parent)
     for (StatusItem* item : m_items)
         row->addWidget(item);
     row->addStretch();
+    row->addWidget(m_note, 1);
+    m_note->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_note->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // It widens no window.
+    setTextStyle(m_note, TextStyle::Caption);
+    setTextTone(m_note, TextTone::Secondary);
+    m_note->hide();
     setMinimumHeight(30);
     setTotals({});
+}
+
+void StatusBarView::setNote(const QString& note)
+{
+    m_note->setText(note);
+    placeNote();
+}
+
+void StatusBarView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    placeNote();
+}
+
+void StatusBarView::placeNote()
+{
+    const int room = width() - layout()->sizeHint().width() - layout()->spacing();
+    m_note->setVisible(!m_note->text().isEmpty() && m_note->sizeHint().width() <= room);
 }
 
 void StatusBarView::setTotals(const StockTotals& totals)
@@ -44,6 +69,7 @@ void StatusBarView::setTotals(const StockTotals& totals)
     m_items[1]->setCount(totals.spools, u"bobine"_s);
     m_items[2]->setCount(totals.opened, u"entamée"_s);
     m_items[3]->setCount(totals.types, u"type"_s);
+    placeNote();
 }
 
 } // namespace reelhouse

@@ -20,9 +20,18 @@ public:
     explicit StatusBarView(QWidget* parent = nullptr);
 
     void setTotals(const StockTotals& totals);
+    /// A word about the stock at the other end of the bar, shown whole or, where there is no room,
+    /// not at all. An empty one takes it away.
+    void setNote(const QString& note);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void placeNote();
+
     QLabel* m_empty;
+    QLabel* m_note;
     std::array<StatusItem*, 4> m_items;
 };
 

@@ -29,6 +29,7 @@ class LibraryViewTest final : public QObject {
 
 private slots:
     void theFirstAppearanceSeedsAFileStoreOnce();
+    void theSampleIsCalledOneUntilItIsGone();
     void theTemporaryStoreIsNeverSeeded();
     void theSearchNarrowsTheList();
     void anEmptyStockSaysSo();
@@ -101,6 +102,30 @@ void LibraryViewTest::theFirstAppearanceSeedsAFileStoreOnce()
     fixture.library.show();
 
     QCOMPARE(fixture.rows(), 8);
+}
+
+void LibraryViewTest::theSampleIsCalledOneUntilItIsGone()
+{
+    LibraryViewFixture fixture(StoreKind::File);
+    const QString note = u"Stock d'exemple, à essayer ou à effacer dans les réglages"_s;
+    QVERIFY(fixture.shownTexts().contains(note));
+
+    StoreContext& context = fixture.stock->context();
+    context.insert(std::make_unique<Filament>(
+        nullptr, nullptr, nullptr, nullptr, 1, 0, u"#FFFFFF"_s, QString(), QString()));
+    std::vector<FilamentId> sample;
+    for (const auto& filament : context.fetchAll<Filament>().first(8))
+        sample.push_back(filament->id());
+    for (const FilamentId id : sample) {
+        QVERIFY(fixture.shownTexts().contains(note));
+        context.remove(*context.find(id));
+        QCoreApplication::processEvents();
+    }
+    QVERIFY(!fixture.shownTexts().contains(note));
+    QVERIFY(fixture.shownTexts().contains(u"1 filament"_s));
+
+    LibraryViewFixture old(StoreKind::Memory);
+    QVERIFY(!old.shownTexts().contains(note));
 }
 
 void LibraryViewTest::theTemporaryStoreIsNeverSeeded()

@@ -14,6 +14,7 @@ class StatusBarViewTest final : public QObject {
 private slots:
     void totalsAreWordedInFrench_data();
     void totalsAreWordedInFrench();
+    void aNoteIsShownWholeOrNotAtAll();
 };
 
 void StatusBarViewTest::totalsAreWordedInFrench_data()
@@ -45,6 +46,32 @@ void StatusBarViewTest::totalsAreWordedInFrench()
             shown << label->text();
     }
     QTEST(shown, "expected");
+}
+
+void StatusBarViewTest::aNoteIsShownWholeOrNotAtAll()
+{
+    StatusBarView statusBar;
+    statusBar.resize(1000, 30);
+    statusBar.show();
+    statusBar.setTotals({8, 12, 5, 4});
+    const QString text = u"Un mot sur le stock"_s;
+    statusBar.setNote(text);
+    const QLabel* note = nullptr;
+    for (const QLabel* label : statusBar.findChildren<QLabel*>()) {
+        if (label->text() == text)
+            note = label;
+    }
+    QVERIFY(note);
+    QTRY_VERIFY(note->isVisible() && note->width() >= note->sizeHint().width());
+
+    const int needed = statusBar.minimumSizeHint().width() + note->sizeHint().width();
+    statusBar.resize(needed - 10, 30);
+    QVERIFY(!note->isVisible());
+
+    statusBar.resize(1000, 30);
+    QVERIFY(note->isVisible());
+    statusBar.setNote({});
+    QVERIFY(!note->isVisible());
 }
 
 REELHOUSE_TEST(StatusBarViewTest)
