@@ -56,10 +56,15 @@ QAction* EditCommands::addFieldCommand(
     auto* command = new QAction(text, this);
     command->setShortcut(key);
     connect(command, &QAction::triggered, this, [this, edit] {
-        if (m_field)
-            edit(*m_field);
+        if (QLineEdit* edited = field())
+            edit(*edited);
     });
     return command;
+}
+
+QLineEdit* EditCommands::field() const
+{
+    return qobject_cast<QLineEdit*>(m_fieldObject.data());
 }
 
 void EditCommands::followFocus(const QWidget* /*before*/, QWidget* now)
@@ -67,17 +72,17 @@ void EditCommands::followFocus(const QWidget* /*before*/, QWidget* now)
     // Who walks through the menu bar with the keyboard wants to edit what had it before.
     if (!now || qobject_cast<const QMenuBar*>(now))
         return;
-    if (m_field)
-        m_field->removeEventFilter(this);
-    m_field = qobject_cast<QLineEdit*>(now);
-    if (m_field)
-        m_field->installEventFilter(this);
+    if (m_fieldObject)
+        m_fieldObject->removeEventFilter(this);
+    m_fieldObject = qobject_cast<QLineEdit*>(now);
+    if (m_fieldObject)
+        m_fieldObject->installEventFilter(this);
     refresh();
 }
 
 bool EditCommands::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched != m_field || event->type() != QEvent::ShortcutOverride)
+    if (watched != m_fieldObject || event->type() != QEvent::ShortcutOverride)
         return QObject::eventFilter(watched, event);
     // A field keeps the keys of undo and redo for itself, even with nothing to undo.
     const QKeySequence key(static_cast<const QKeyEvent*>(event)->keyCombination());
@@ -92,12 +97,14 @@ bool EditCommands::eventFilter(QObject* watched, QEvent* event)
 
 bool EditCommands::fieldCanUndo() const
 {
-    return m_field && m_field->isUndoAvailable();
+    const QLineEdit* edited = field();
+    return edited && edited->isUndoAvailable();
 }
 
 bool EditCommands::fieldCanRedo() const
 {
-    return m_field && m_field->isRedoAvailable();
+    const QLineEdit* edited = field();
+    return edited && edited->isRedoAvailable();
 }
 
 void EditCommands::refresh()
@@ -109,19 +116,20 @@ void EditCommands::refresh()
     m_undo->setEnabled(fieldCanUndo() || !undoName.isEmpty());
     m_redo->setEnabled(fieldCanRedo() || !redoName.isEmpty());
 
-    const bool hasSelection = m_field && m_field->hasSelectedText();
-    const bool isWritable = m_field && !m_field->isReadOnly();
+    const QLineEdit* edited = field();
+    const bool hasSelection = edited && edited->hasSelectedText();
+    const bool isWritable = edited && !edited->isReadOnly();
     const QMimeData* clipboard = QGuiApplication::clipboard()->mimeData();
     m_cut->setEnabled(hasSelection && isWritable);
     m_copy->setEnabled(hasSelection);
     m_paste->setEnabled(isWritable && clipboard && clipboard->hasText());
-    m_selectAll->setEnabled(m_field && !m_field->text().isEmpty());
+    m_selectAll->setEnabled(edited && !edited->text().isEmpty());
 }
 
 void EditCommands::undo()
 {
     if (fieldCanUndo())
-        m_field->undo();
+        field()->undo();
     else
         m_context.undo();
 }
@@ -129,7 +137,7 @@ void EditCommands::undo()
 void EditCommands::redo()
 {
     if (fieldCanRedo())
-        m_field->redo();
+        field()->redo();
     else
         m_context.redo();
 }

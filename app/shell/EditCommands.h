@@ -29,6 +29,8 @@ protected:
 private:
     QAction* addFieldCommand(
         const QString& text, const QKeySequence& key, const std::function<void(QLineEdit&)>& edit);
+    /// The text field that has the keyboard; null for one that is going.
+    QLineEdit* field() const;
     void followFocus(const QWidget* before, QWidget* now);
     bool fieldCanUndo() const;
     bool fieldCanRedo() const;
@@ -37,7 +39,7 @@ private:
     void redo();
 
     StoreContext& m_context;
-    QPointer<QLineEdit> m_field; ///< The one that has the keyboard.
+    QPointer<QObject> m_fieldObject; ///< The field that has the keyboard.
     QAction* m_undo;
     QAction* m_redo;
     QAction* m_cut;
