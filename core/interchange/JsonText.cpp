@@ -8,7 +8,6 @@ namespace reelhouse {
 namespace {
 
 constexpr qsizetype longestEscape = 6; ///< Bytes that one UTF-16 unit may need: \u001f.
-constexpr qsizetype stretch = 8; ///< Units that are looked at together.
 constexpr std::chrono::year lastWrittenYear{9999};
 
 /// The letter behind the backslash, 'u' for a number, 0 for a character written as it is.
@@ -58,17 +57,39 @@ char* putBeyondAscii(char* out, char32_t code)
     return out;
 }
 
-/// Whether a stretch of units is written as it is. Without branches, so that it is looked at at
-/// once.
-bool isPlain(const char16_t* units)
+/// Puts so many units if all of them are written as they are. Without branches, so that they are
+/// looked at at once.
+template <qsizetype count>
+bool putPlain(char* out, const char16_t* units)
 {
     unsigned others = 0;
-    for (qsizetype place = 0; place < stretch; ++place) {
+    for (qsizetype place = 0; place < count; ++place) {
         const char16_t unit = units[place];
         others |= unsigned(unit < 0x20) | unsigned(unit >= escapes.size()) | unsigned(unit == u'"')
             | unsigned(unit == u'\\') | unsigned(unit == u'/');
+        out[place] = char(unit);
     }
     return others == 0;
+}
+
+/// The same of a whole text of at least `count` units; the last stretch overlaps the one before.
+template <qsizetype count>
+bool putPlainText(char* out, QStringView text)
+{
+    const char16_t* units = text.utf16();
+    const qsizetype last = text.size() - count;
+    for (qsizetype place = 0; place < last; place += count) {
+        if (!putPlain<count>(out + place, units + place))
+            return false;
+    }
+    return putPlain<count>(out + last, units + last);
+}
+
+bool putPlainText(char* out, QStringView text)
+{
+    if (text.size() >= 8)
+        return putPlainText<8>(out, text);
+    return text.size() >= 4 && putPlainText<4>(out, text);
 }
 
 } // namespace
@@ -80,14 +101,11 @@ void JsonText::string(QStringView text)
     *out++ = '"';
     const char16_t* unit = text.utf16();
     const char16_t* const end = unit + text.size();
+    if (putPlainText(out, text)) {
+        out += text.size();
+        unit = end;
+    }
     while (unit < end) {
-        if (end - unit >= stretch && isPlain(unit)) {
-            for (qsizetype place = 0; place < stretch; ++place)
-                out[place] = char(unit[place]);
-            out += stretch;
-            unit += stretch;
-            continue;
-        }
         const char16_t first = *unit++;
         if (first < escapes.size()) {
             const char letter = escapes[first];

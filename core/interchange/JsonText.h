@@ -12,7 +12,13 @@ namespace reelhouse {
 /// Appends to one buffer that grows by doubling. A text that cannot be written marks it as failed.
 class JsonText final {
 public:
-    explicit JsonText(qsizetype expectedSize) { m_bytes.resize(expectedSize); }
+    explicit JsonText(qsizetype expectedSize)
+        : m_bytes(expectedSize, Qt::Uninitialized)
+        , m_begin(m_bytes.data())
+    {
+    }
+    JsonText(const JsonText&) = delete;
+    JsonText& operator=(const JsonText&) = delete;
 
     void raw(QByteArrayView text)
     {
@@ -47,12 +53,15 @@ private:
     /// Where so many bytes may be written.
     char* room(qsizetype size)
     {
-        if (m_bytes.size() - m_size < size)
+        if (m_bytes.size() - m_size < size) {
             m_bytes.resize(2 * m_bytes.size() + size);
-        return m_bytes.data() + m_size;
+            m_begin = m_bytes.data();
+        }
+        return m_begin + m_size;
     }
 
     QByteArray m_bytes;
+    char* m_begin; ///< Of the bytes; asking them each time would look for other owners each time.
     qsizetype m_size = 0;
     bool m_hasFailed = false;
 };
