@@ -80,10 +80,10 @@ public:
     ~SilentPortal() override { QDBusConnection::disconnectFromBus(u"silent"_s); }
 
 public slots:
-    QDBusVariant Read(const QString&, const QString&)
+    QDBusVariant Read(const QString&, const QString&) // NOLINT: the portal's spelling
     {
         return {};
-    } // NOLINT: the portal's spelling
+    }
 };
 
 } // namespace

@@ -68,13 +68,12 @@ void writePlainly(const QByteArray& bytes, const QByteArray& temporary, const QB
 void encodeAndWrite(benchmark::State& state, StoreWorkplace& workplace)
 {
     const auto stock = openStock(workplace.stockOf(int(state.range())));
-    const QString name = u"document.json"_s;
-    const QString path = workplace.filePath(name);
+    const auto nameOf = [](int) { return u"document.json"_s; };
+    const QString path = workplace.filePath(nameOf(0));
     const QString folder = QFileInfo(path).path();
     const auto ours = [&] {
         DurableFiles::remove(path);
         return secondsOf([&] {
-            const auto nameOf = [&](int) { return name; };
             if (!DurableFiles::write(folder, nameOf, documentOf(stock->context())))
                 qFatal("The document cannot be written.");
         });
